@@ -1,0 +1,61 @@
+# The flags and shapes that all of our own targets share.
+
+add_library(jsum_options INTERFACE)
+target_compile_options(jsum_options INTERFACE
+  -Wall -Wextra -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+  # A fused multiply-add would move the value scaling's truncations on some processors.
+  -ffp-contract=off)
+target_compile_definitions(jsum_options INTERFACE
+  QT_NO_FOREACH QT_DEPRECATED_WARNINGS
+  $<$<CONFIG:Debug>:JSUM_STRICT_CONNECTIONS>)
+
+# JUCE's modules compiled once. Their headers are system includes for everybody who links this.
+add_library(jsum_juce STATIC)
+target_link_libraries(jsum_juce PRIVATE juce::juce_audio_devices)
+target_compile_definitions(jsum_juce
+  PUBLIC
+    JUCE_STANDALONE_APPLICATION=1
+    JUCE_WEB_BROWSER=0
+    JUCE_USE_CURL=0
+    JUCE_JACK=0
+    JUCE_ALSA_MIDI_NAME="J-Sum Editor"
+  INTERFACE
+    $<TARGET_PROPERTY:jsum_juce,COMPILE_DEFINITIONS>)
+target_compile_options(jsum_juce PRIVATE -w)
+target_include_directories(jsum_juce SYSTEM INTERFACE
+  $<TARGET_PROPERTY:jsum_juce,INCLUDE_DIRECTORIES>)
+set_target_properties(jsum_juce PROPERTIES AUTOMOC OFF AUTORCC OFF)
+# JUCE's modules carry plain C++ in .cpp files of their own; they need a standard, not our warnings.
+target_compile_features(jsum_juce PUBLIC cxx_std_20)
+
+# jsum_library(NAME SOURCES ... LINKS ...): one static library for the folder it is called in; the
+# folder is its include directory, so a header is seen only by those who link the library.
+function(jsum_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE jsum_options)
+endfunction()
+
+# jsum_program(NAME SOURCES ... LINKS ...): an executable with our flags.
+function(jsum_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} jsum_options)
+endfunction()
+
+# jsum_test(NAME SOURCES ... LINKS ... [SEQUENCER]): a Qt Test program. Those that need the
+# system's MIDI sequencer carry the label "sequencer": they are not run by plain ctest, but by
+# tests/with-sequencer.
+function(jsum_test name)
+  cmake_parse_arguments(ARG "SEQUENCER" "" "SOURCES;LINKS;ARGUMENTS" ${ARGN})
+  jsum_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} Qt6::Test)
+  add_test(NAME ${name} COMMAND ${name} ${ARG_ARGUMENTS})
+  set_tests_properties(${name} PROPERTIES
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_TO_CONSOLE=1" TIMEOUT 120)
+  if(ARG_SEQUENCER)
+    set_tests_properties(${name} PROPERTIES LABELS sequencer TIMEOUT 900)
+  else()
+    set_tests_properties(${name} PROPERTIES LABELS plain)
+  endif()
+endfunction()

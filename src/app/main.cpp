@@ -1,0 +1,25 @@
+#include "startup.h"
+#include "viewmanager.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include <juce_events/juce_events.h>
+
+int main(int argc, char* argv[])
+{
+#ifdef JSUM_STRICT_CONNECTIONS
+    installStrictConnections();
+#endif
+    findResources(argc > 0 ? argv[0] : nullptr);
+    // JUCE's audio device list, asked once at a connection, wants its message manager.
+    const juce::ScopedJuceInitialiser_GUI juce;
+    QApplication application(argc, argv);
+    QApplication::setApplicationVersion(QStringLiteral(JSUM_VERSION));
+    QApplication::setWindowIcon(
+        QIcon(QStringLiteral(":/ui_images/ui_images/jsum_editor_icon.svg")));
+
+    ViewManager window;
+    window.show();
+    return QApplication::exec();
+}

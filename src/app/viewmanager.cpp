@@ -1,0 +1,173 @@
+// ViewManager's construction, wiring, key rules and end.
+#include "viewmanager.h"
+
+#include "firmwareupdatemanager.h"
+#include "fullpowerview.h"
+#include "sysexmanager.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDebug>
+#include <QFile>
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMoveEvent>
+#include <QPushButton>
+#include <QSettings>
+
+namespace
+{
+
+QString readStyleSheet(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+} // namespace
+
+ViewManager::ViewManager(QWidget* parent)
+    : ViewManager(nullptr, parent)
+{
+}
+
+ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent)
+    : QMainWindow(parent)
+    , sysexManager(new SysexManager(this, std::move(ports)))
+{
+    // A static library's resources are known only when somebody asks for them.
+    Q_INIT_RESOURCE(compiled_in);
+
+    disableWidget = new QWidget(this);
+    for (QWidget** dialog : {&aboutDialog, &settingsDialog, &demoDialog, &fwOutOfDateDialog,
+                             &fwForceDialog, &fwProgressDialog, &fwErrorDialog, &restartDialog}) {
+        *dialog = new QWidget(this, Qt::SubWindow);
+    }
+
+    QCoreApplication::setApplicationName(QStringLiteral("J-Sum Editor"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Dorvane Instruments"));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("dorvane.example"));
+    // Reads the names just set.
+    settingsStore = new QSettings(this);
+
+    form.setupUi(this);
+    setCentralWidget(form.centralwidget);
+    setWindowTitle(QStringLiteral("J-Sum Editor"));
+    setObjectName(QStringLiteral("ViewManager"));
+    setStyleSheet(readStyleSheet(QStringLiteral(":/styles/styles/shell.qss")));
+    setGeometry(200, 50, splashWidth, splashHeight);
+    setFixedSize(splashWidth, splashHeight);
+
+    form.fullPowerViewWidget->hide();
+    fullPowerContainer = new QWidget(form.fullPowerViewWidget);
+    fullPowerView = new FullPowerView(settingsDialog, fullPowerContainer);
+    form.lowPowerViewWidget->hide();
+
+    setupDialogs();
+    setupEventFilters();
+    // A missing font file is no error: the style sheets name others.
+    QFontDatabase::addApplicationFont(QStringLiteral("./resources/futura-normal.ttf"));
+    openFirmwareLog();
+    slotConnectInterfaces();
+    slotInitMenuBar();
+    connect(sysexManager, SIGNAL(signalPortConnectionText(QString)), aboutDialogForm.portName,
+            SLOT(setText(QString)));
+}
+
+ViewManager::~ViewManager() = default;
+
+void ViewManager::setupDialogs()
+{
+    disableWidget->hide();
+    disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
+    disableWidget->setStyleSheet(QStringLiteral("background: rgba(0,0,0,200);"));
+
+    // The settings dialog is placed and hidden like the others; nothing opens it yet.
+    settingsDialog->setObjectName(QStringLiteral("settingsDialogForm"));
+    for (QWidget* dialog : {aboutDialog, settingsDialog, demoDialog, fwOutOfDateDialog,
+                            fwProgressDialog, fwForceDialog, fwErrorDialog, restartDialog}) {
+        dialog->hide();
+        placeDialog(dialog, windowWidth, windowHeight);
+    }
+    aboutDialogForm.setupUi(aboutDialog);
+    demoDialogForm.setupUi(demoDialog);
+    fwOutOfDateDialogForm.setupUi(fwOutOfDateDialog);
+    fwProgressDialogForm.setupUi(fwProgressDialog);
+    fwForceDialogForm.setupUi(fwForceDialog);
+    fwErrorDialogForm.setupUi(fwErrorDialog);
+    restartDialogForm.setupUi(restartDialog);
+}
+
+void ViewManager::setupEventFilters()
+{
+    for (QWidget* widget : findChildren<QWidget*>()) {
+        widget->installEventFilter(&toolTipFilter);
+        widget->setAttribute(Qt::WA_MacShowFocusRect, false);
+    }
+
+    for (QWidget* button : {aboutDialogForm.ok, fwErrorDialogForm.cancel, fwErrorDialogForm.update,
+                            fwForceDialogForm.update, fwForceDialogForm.cancel,
+                            fwOutOfDateDialogForm.cancel, fwOutOfDateDialogForm.update}) {
+        button->installEventFilter(this);
+    }
+    for (QWidget* widget : settingsDialog->findChildren<QWidget*>())
+        widget->installEventFilter(this);
+    installEventFilter(this);
+}
+
+void ViewManager::slotConnectInterfaces()
+{
+    connect(sysexManager, SIGNAL(signalConsoleText(QString)), this,
+            SLOT(slotAddTextToFwConsole(QString)));
+    connect(sysexManager, SIGNAL(signalSetFwProgressBar(int)), this,
+            SLOT(slotSetFwProgressBar(int)));
+    connect(sysexManager, SIGNAL(signalFwCheckStarted()), this, SLOT(slotFwCheckStarted()));
+    connectFirmwareDialogs();
+
+    connect(sysexManager, SIGNAL(signalConnected(bool)), this, SLOT(slotInitAfterConnection(bool)));
+    connect(sysexManager, SIGNAL(signalInitFullPowerMode()), this, SLOT(slotInitFullPowerView()));
+    connect(sysexManager, SIGNAL(signalInitLowPowerMode()), this, SLOT(slotInitLowPowerView()));
+    connect(sysexManager, SIGNAL(signalExitDemoMode()), this, SLOT(slotExitDemoMode()));
+    connect(form.enterDemoMode, SIGNAL(clicked()), this, SLOT(slotEnterDemoMode()));
+    connect(fullPowerView, SIGNAL(signalFindAudioDeviceNames()), sysexManager,
+            SIGNAL(signalFindAudioDevicesAfterConnection()));
+    connect(this, SIGNAL(signalAppClosing()), sysexManager, SLOT(slotSendSysexCommEndMessage()));
+    connect(aboutDialogForm.ok, SIGNAL(clicked()), aboutDialog, SLOT(close()));
+    connect(aboutDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotHideDisableWidget()));
+}
+
+bool ViewManager::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Move && watched == this) {
+        const QPoint position = static_cast<QMoveEvent*>(event)->pos();
+        emit signalReportMainWindowPos(position.x(), position.y());
+    } else if (event->type() == QEvent::KeyPress
+               && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        auto* dialog = qobject_cast<QWidget*>(watched->parent());
+        const QString name = dialog ? dialog->objectName() : QString();
+        if (name.contains(QLatin1String("Dialog"))) {
+            if (name.contains(QLatin1String("fw")) || name.contains(QLatin1String("about"))) {
+                dialog->close();
+                slotHideDisableWidget();
+            } else if (name.contains(QLatin1String("settings"))) {
+                settingsDialog->close();
+                slotHideDisableWidget();
+            }
+        }
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void ViewManager::closeEvent(QCloseEvent* event)
+{
+    emit signalAppClosing();
+    qDebug() << "closing...";
+    if (sysexManager->firmware()->isUpdating()) {
+        // A flasher is not killed half-way.
+        hide();
+        sysexManager->firmware()->waitForUpdate(updateWaitMs);
+    }
+    QMainWindow::closeEvent(event);
+}

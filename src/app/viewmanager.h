@@ -1,0 +1,130 @@
+#pragma once
+
+#include "forms/shellforms.h"
+#include "tooltipeventfilter.h"
+
+#include <QMainWindow>
+#include <QString>
+
+#include <memory>
+
+class FullPowerView;
+class MidiPorts;
+class QAction;
+class QFile;
+class QMenu;
+class QMenuBar;
+class QSettings;
+class SysexManager;
+
+// The main window and the program's composition root: owns the device link and the views, holds the
+// shell's in-window dialogs, and decides which face the one window shows. Its size is fixed at all
+// times; all sizes and positions are in pixels.
+class ViewManager : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit ViewManager(QWidget* parent = nullptr);
+    // On other MIDI than the system's.
+    explicit ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent = nullptr);
+    ~ViewManager() override;
+
+    static constexpr int splashWidth = 400;
+    static constexpr int splashHeight = 495;
+    static constexpr int menuBarHeight = 20;
+    // A window that is closed during a firmware update waits this long for the tool.
+    static constexpr int updateWaitMs = 120000;
+    // The firmware console keeps this many characters, the last ones.
+    static constexpr int consoleLimit = 256 * 1024;
+
+    SysexManager* sysex() const { return sysexManager; }
+
+public slots:
+    void slotConnectInterfaces();
+    void slotInitMenuBar();
+
+    void slotInitAfterConnection(bool connected);
+    void slotInitFullPowerView();
+    void slotInitLowPowerView();
+    // Brings the translucent sheet in line with the dialogs that are open; called after any has
+    // closed.
+    void slotHideDisableWidget();
+    // Resizes the window for the preset drawer. Some dialogs stay where they are, and windowWidth
+    // and windowHeight as well.
+    void slotChangeWindowSize(int width, int height);
+    void slotShowPresets();
+    void slotShowFP();
+
+    void slotEnterDemoMode();
+    void slotCloseDemoDialog();
+    void slotExitDemoMode();
+
+    void slotOpenDoc();
+    void slotEnableDisableToolTips();
+
+    void slotAddTextToFwConsole(QString text);
+    void slotClearFwLog();
+    void slotSetFwProgressBar(int value);
+    // Looks for both versions in the check tool's output; sets nothing until it holds both whole.
+    void slotFindAndFormatFwVersion(QString text);
+    void slotSetFirmwareVersions(QString foundVersion, QString expectedVersion);
+
+signals:
+    void signalAppClosing();
+    void signalReportMainWindowPos(int x, int y);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private slots:
+    void slotFwCheckStarted();
+    void slotShowAboutDialog();
+
+private:
+    void setupDialogs();
+    void setupEventFilters();
+    void openFirmwareLog();
+    void connectFirmwareDialogs();
+    void placeDialog(QWidget* dialog, int width, int height);
+    void setToolTipsEnabled(bool enabled);
+    void writeFirmwareLog();
+
+    QSettings* settingsStore = nullptr;
+    SysexManager* sysexManager = nullptr;
+    ToolTipEventFilter toolTipFilter;
+    FullPowerView* fullPowerView = nullptr;
+    QWidget* fullPowerContainer = nullptr;
+    QWidget* disableWidget = nullptr;
+    QWidget* aboutDialog = nullptr;
+    QWidget* settingsDialog = nullptr;
+    QWidget* demoDialog = nullptr;
+    QWidget* fwOutOfDateDialog = nullptr;
+    QWidget* fwForceDialog = nullptr;
+    QWidget* fwProgressDialog = nullptr;
+    QWidget* fwErrorDialog = nullptr;
+    QWidget* restartDialog = nullptr;
+    QFile* fwLogFile = nullptr;
+    // The check tool's output until both versions were found in it.
+    QString fwCheckOutput;
+    bool fwVersionsFound = false;
+
+    QMenuBar* menuBar = nullptr;
+    QAction* forceFirmwareUpdateAct = nullptr;
+    QAction* toolTipsAct = nullptr;
+    QAction* demoModeAct = nullptr;
+
+    int windowHeight = splashHeight;
+    int windowWidth = splashWidth;
+    bool demoModeEnabled = false;
+
+    MainForm form;
+    AboutDialogForm aboutDialogForm;
+    DemoDialogForm demoDialogForm;
+    FwOutOfDateDialogForm fwOutOfDateDialogForm;
+    FwForceDialogForm fwForceDialogForm;
+    FwProgressDialogForm fwProgressDialogForm;
+    FwErrorDialogForm fwErrorDialogForm;
+    RestartDialogForm restartDialogForm;
+};

@@ -1,0 +1,215 @@
+// Which face the window shows, and where its dialogs stand on it.
+#include "viewmanager.h"
+
+#include "fullpowerview.h"
+#include "sysexmanager.h"
+
+#include <QAction>
+#include <QDebug>
+#include <QLabel>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QToolButton>
+
+namespace
+{
+
+QRect centred(const QSize& size, int width, int height, double heightDivisor)
+{
+    return {width / 2 - size.width() / 2,
+            static_cast<int>(height / heightDivisor - size.height() / 2), size.width(),
+            size.height()};
+}
+
+// A little below the true centre.
+constexpr double dialogHeightDivisor = 2.1;
+
+constexpr QSize settingsSize{850, 336};
+
+} // namespace
+
+void ViewManager::placeDialog(QWidget* dialog, int width, int height)
+{
+    const struct {
+        QWidget* dialog;
+        QSize size;
+    } sizes[] = {
+        {aboutDialog, {312, 179}},   {settingsDialog, settingsSize},
+        {demoDialog, {317, 230}},    {fwOutOfDateDialog, {297, 221}},
+        {fwForceDialog, {258, 183}}, {fwProgressDialog, {324, 258}},
+        {fwErrorDialog, {286, 157}}, {restartDialog, {240, 181}},
+    };
+    for (const auto& row : sizes) {
+        if (row.dialog == dialog)
+            dialog->setGeometry(centred(row.size, width, height, dialogHeightDivisor));
+    }
+}
+
+void ViewManager::slotInitAfterConnection(bool connected)
+{
+    if (connected) {
+        qDebug() << "ports connected";
+        form.splashScreen->setChecked(true);
+        form.enterDemoMode->hide();
+        demoModeAct->setEnabled(false);
+        forceFirmwareUpdateAct->setEnabled(true);
+        return;
+    }
+
+    qDebug() << "ports not connected";
+    aboutDialogForm.fw_found->clear();
+    if (demoModeEnabled)
+        return;
+
+    windowWidth = splashWidth;
+    windowHeight = splashHeight;
+    form.fullPowerViewWidget->close();
+    form.lowPowerViewWidget->close();
+    setFixedSize(splashWidth, splashHeight);
+    menuBar->setGeometry(0, 0, splashWidth, menuBarHeight);
+    form.splashScreen->setChecked(false);
+    form.enterDemoMode->show();
+    form.splashWidget->show();
+
+    placeDialog(aboutDialog, windowWidth, windowHeight);
+    for (QWidget* dialog : {settingsDialog, fwForceDialog, fwOutOfDateDialog}) {
+        placeDialog(dialog, windowWidth, windowHeight);
+        dialog->close();
+    }
+    // Not closed: a running firmware update stays on screen across the disconnection.
+    placeDialog(fwProgressDialog, windowWidth, windowHeight);
+    for (QWidget* dialog : {fwErrorDialog, restartDialog, demoDialog}) {
+        placeDialog(dialog, windowWidth, windowHeight);
+        dialog->close();
+    }
+    disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
+    slotHideDisableWidget();
+
+    fullPowerView->slotDeInitializeFullPowerMode();
+    forceFirmwareUpdateAct->setEnabled(false);
+    demoModeAct->setEnabled(true);
+    disconnect(fullPowerView, SIGNAL(signalChangeWindowSize(int, int)), this,
+               SLOT(slotChangeWindowSize(int, int)));
+    disconnect(this, SIGNAL(signalReportMainWindowPos(int, int)), fullPowerView,
+               SIGNAL(signalReportMainWindowPos(int, int)));
+}
+
+void ViewManager::slotInitFullPowerView()
+{
+    qDebug() << "slotInitFullPowerView called" << demoModeEnabled;
+    // Also runs on a fresh version reply, when the view is up already.
+    fullPowerView->slotDeInitializeFullPowerMode();
+    fullPowerView->slotShowPresets(true);
+
+    windowWidth = FullPowerView::widthWithPresets;
+    windowHeight = FullPowerView::heightInPixels;
+    aboutDialog->move(444, 257);
+    for (QWidget* dialog :
+         {settingsDialog, fwForceDialog, fwOutOfDateDialog, fwProgressDialog, fwErrorDialog}) {
+        placeDialog(dialog, windowWidth, windowHeight);
+    }
+    disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
+    fwProgressDialogForm.progressBar->reset();
+
+    // Never disconnected: every further entry stacks one more delivery.
+    connect(fullPowerView, SIGNAL(signalAddTextToFwLog(QString)), this,
+            SLOT(slotAddTextToFwConsole(QString)));
+
+    fullPowerView->slotInitializeFullPowerMode();
+    form.splashWidget->close();
+    fullPowerContainer->setGeometry(0, 0, windowWidth, windowHeight);
+    setFixedSize(windowWidth, windowHeight);
+    menuBar->setGeometry(0, 0, windowWidth, menuBarHeight);
+    form.fullPowerViewWidget->show();
+
+    // An entry without a disconnection in between stacks these two as well.
+    connect(fullPowerView, SIGNAL(signalChangeWindowSize(int, int)), this,
+            SLOT(slotChangeWindowSize(int, int)));
+    connect(this, SIGNAL(signalReportMainWindowPos(int, int)), fullPowerView,
+            SIGNAL(signalReportMainWindowPos(int, int)));
+    emit signalReportMainWindowPos(x(), y());
+}
+
+void ViewManager::slotInitLowPowerView()
+{
+    windowWidth = 800;
+    windowHeight = 410;
+    aboutDialog->move(244, 106);
+    settingsDialog->setGeometry(centred(settingsSize, windowWidth, windowHeight, 2));
+    for (QWidget* dialog : {fwForceDialog, fwOutOfDateDialog, fwProgressDialog, fwErrorDialog})
+        placeDialog(dialog, windowWidth, windowHeight);
+    disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
+    form.splashWidget->close();
+    setFixedSize(windowWidth, windowHeight);
+    menuBar->setGeometry(0, 0, windowWidth, menuBarHeight);
+    form.lowPowerViewWidget->show();
+}
+
+void ViewManager::slotChangeWindowSize(int width, int height)
+{
+    setFixedSize(width, height);
+    menuBar->setGeometry(0, 0, width, menuBarHeight);
+    for (QWidget* dialog : {aboutDialog, fwForceDialog, fwProgressDialog, fwErrorDialog})
+        placeDialog(dialog, width, height);
+    settingsDialog->setGeometry(centred(settingsSize, width, height, 2));
+}
+
+void ViewManager::slotHideDisableWidget()
+{
+    QList<QWidget*> open;
+    for (QWidget* dialog : {aboutDialog, settingsDialog, fwOutOfDateDialog, fwProgressDialog,
+                            fwForceDialog, fwErrorDialog, demoDialog, restartDialog}) {
+        if (!dialog->isHidden())
+            open.append(dialog);
+    }
+    if (open.isEmpty()) {
+        disableWidget->close();
+    } else if (open.size() == 1) {
+        open.first()->raise();
+    } else {
+        // Above them all: this order is the wanted one.
+        disableWidget->show();
+        disableWidget->raise();
+    }
+}
+
+void ViewManager::slotShowPresets()
+{
+    fullPowerView->slotShowPresets(
+        settingsStore->value(QStringLiteral("show_preset_drawer"), false).toBool());
+}
+
+void ViewManager::slotShowFP() { fullPowerContainer->show(); }
+
+void ViewManager::slotEnterDemoMode()
+{
+    demoModeEnabled = true;
+    sysexManager->slotSetDemoModeEnabled(true);
+    fullPowerView->slotSetDemoModeEnabled(true);
+    connect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotCloseDemoDialog()));
+    connect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotInitFullPowerView()));
+    disableWidget->show();
+    disableWidget->raise();
+    demoDialog->show();
+    demoDialog->raise();
+    demoDialogForm.ok->setFocus(Qt::OtherFocusReason);
+}
+
+void ViewManager::slotCloseDemoDialog()
+{
+    demoDialog->hide();
+    slotHideDisableWidget();
+    slotInitAfterConnection(false);
+}
+
+void ViewManager::slotExitDemoMode()
+{
+    demoModeEnabled = false;
+    slotInitAfterConnection(false);
+    sysexManager->slotSetDemoModeEnabled(false);
+    fullPowerView->slotSetDemoModeEnabled(false);
+    disconnect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotCloseDemoDialog()));
+    disconnect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotInitFullPowerView()));
+}

@@ -1,0 +1,202 @@
+// The shell's side of the firmware check and update: dialogs, console, log and versions.
+#include "viewmanager.h"
+
+#include "sysexmanager.h"
+
+#include <QDateTime>
+#include <QDebug>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextEdit>
+
+namespace
+{
+
+const QString foundMark = QStringLiteral("9 TYPE_VERSION 0 ");
+const QString expectedMark = QStringLiteral("TYPE_VERSION 0 ");
+
+// More than any check prints before its marks, and little enough to search at every line.
+constexpr int checkOutputLimit = 64 * 1024;
+
+// Decimal pairs without separators, as the tool prints a version: "10203" is 1.2.3.
+QString formatFwVersion(const QString& packed)
+{
+    constexpr int digits = 6;
+    if (packed.size() > digits)
+        return QStringLiteral("fw format error");
+    const QString padded = packed.rightJustified(digits, QLatin1Char('0'));
+    return QStringLiteral("%1.%2.%3")
+        .arg(padded.mid(0, 2).toInt())
+        .arg(padded.mid(2, 2).toInt())
+        .arg(padded.mid(4, 2).toInt());
+}
+
+struct VersionText {
+    qsizetype begin = -1;
+    qsizetype end = -1;
+};
+
+// The text between a mark and the next bracket; begin and end are -1 unless both are there.
+VersionText findVersion(const QString& text, const QString& mark, qsizetype from)
+{
+    const auto at = text.indexOf(mark, from);
+    if (at < 0)
+        return {};
+    const auto begin = at + mark.size();
+    const auto end = text.indexOf(QLatin1Char('('), begin);
+    return end < 0 ? VersionText{} : VersionText{begin, end};
+}
+
+} // namespace
+
+void ViewManager::connectFirmwareDialogs()
+{
+    const auto showAboveSheet = [this](const QObject* sender, const char* signal, QWidget* dialog) {
+        connect(sender, signal, disableWidget, SLOT(show()));
+        connect(sender, signal, disableWidget, SLOT(raise()));
+        connect(sender, signal, dialog, SLOT(show()));
+        connect(sender, signal, dialog, SLOT(raise()));
+    };
+    const auto closeBy = [this](const QObject* sender, const char* signal, QWidget* dialog) {
+        connect(sender, signal, dialog, SLOT(close()));
+        connect(sender, signal, this, SLOT(slotHideDisableWidget()));
+    };
+    const auto startUpdateBy = [this, &showAboveSheet](const QPushButton* button, QWidget* dialog) {
+        connect(button, SIGNAL(clicked()), sysexManager, SLOT(slotDidAttemptFwUpdate()));
+        connect(button, SIGNAL(clicked()), dialog, SLOT(close()));
+        showAboveSheet(button, SIGNAL(clicked()), fwProgressDialog);
+        connect(button, SIGNAL(clicked()), sysexManager, SIGNAL(signalUpdateFirmware()));
+    };
+
+    showAboveSheet(sysexManager, SIGNAL(signalOpenFwOOD()), fwOutOfDateDialog);
+    connect(sysexManager, SIGNAL(signalOpenFwOOD()), fwOutOfDateDialogForm.update,
+            SLOT(setFocus()));
+    closeBy(fwOutOfDateDialogForm.cancel, SIGNAL(clicked()), fwOutOfDateDialog);
+    startUpdateBy(fwOutOfDateDialogForm.update, fwOutOfDateDialog);
+
+    startUpdateBy(fwForceDialogForm.update, fwForceDialog);
+    closeBy(fwForceDialogForm.cancel, SIGNAL(clicked()), fwForceDialog);
+
+    connect(sysexManager, SIGNAL(signalOpenRestartDialog()), fwProgressDialog, SLOT(hide()));
+    connect(sysexManager, SIGNAL(signalOpenRestartDialog()), fwProgressDialog, SLOT(close()));
+    connect(sysexManager, SIGNAL(signalOpenRestartDialog()), restartDialog, SLOT(show()));
+    connect(sysexManager, SIGNAL(signalOpenRestartDialog()), restartDialog, SLOT(raise()));
+    closeBy(sysexManager, SIGNAL(signalCloseRestartDialog()), restartDialog);
+
+    connect(sysexManager, SIGNAL(signalFwError(QString)), fwOutOfDateDialog, SLOT(close()));
+    connect(sysexManager, SIGNAL(signalFwError(QString)), fwProgressDialog, SLOT(close()));
+    connect(sysexManager, SIGNAL(signalFwError(QString)), fwProgressDialogForm.progressBar,
+            SLOT(reset()));
+    connect(sysexManager, SIGNAL(signalFwError(QString)), fwErrorDialog, SLOT(show()));
+    connect(sysexManager, SIGNAL(signalFwError(QString)), fwErrorDialog, SLOT(raise()));
+    connect(sysexManager, SIGNAL(signalFwError(QString)), fwErrorDialogForm.errorMsg,
+            SLOT(setText(QString)));
+    connect(sysexManager, SIGNAL(signalFwError(QString)), fwErrorDialogForm.update,
+            SLOT(setFocus()));
+    closeBy(fwErrorDialogForm.cancel, SIGNAL(clicked()), fwErrorDialog);
+    connect(fwErrorDialogForm.update, SIGNAL(clicked()), sysexManager,
+            SLOT(slotSendRestartMessage()));
+    closeBy(fwErrorDialogForm.update, SIGNAL(clicked()), fwErrorDialog);
+}
+
+void ViewManager::openFirmwareLog()
+{
+    fwLogFile = new QFile(QStringLiteral("resources/fwLog.txt"), this);
+    slotClearFwLog();
+}
+
+void ViewManager::slotClearFwLog()
+{
+    // Anything but a regular file could block or swallow the log.
+    const QFileInfo info(*fwLogFile);
+    if ((!info.exists() || info.isFile())
+        && fwLogFile->open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        qDebug() << "Firmware log file found.  Cleared?" << (fwLogFile->size() == 0);
+        fwLogFile->close();
+    }
+    fwProgressDialogForm.console->clear();
+}
+
+void ViewManager::slotAddTextToFwConsole(QString text)
+{
+    if (!fwVersionsFound) {
+        fwCheckOutput = (fwCheckOutput + text).right(checkOutputLimit);
+        if (fwCheckOutput.contains(foundMark))
+            slotFindAndFormatFwVersion(fwCheckOutput);
+    }
+
+    QTextEdit* console = fwProgressDialogForm.console;
+    QTextCursor cursor(console->document());
+    if (console->document()->isEmpty()) {
+        cursor.insertText(QDateTime::currentDateTime().toString(Qt::TextDate) + QLatin1Char('\n'));
+    }
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(text.right(consoleLimit));
+    const int excess = console->document()->characterCount() - consoleLimit;
+    if (excess > 0) {
+        cursor.setPosition(0);
+        cursor.setPosition(excess, QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+    }
+    console->moveCursor(QTextCursor::End);
+    writeFirmwareLog();
+}
+
+void ViewManager::writeFirmwareLog()
+{
+    const QFileInfo info(*fwLogFile);
+    if (!info.isFile() || !fwLogFile->open(QIODevice::WriteOnly)) {
+        qDebug() << "Firmware log file not found; was not written to.";
+        return;
+    }
+    fwLogFile->write(fwProgressDialogForm.console->toPlainText().toUtf8());
+    fwLogFile->close();
+}
+
+void ViewManager::slotSetFwProgressBar(int value)
+{
+    if (fwProgressDialog->isHidden())
+        return;
+    qDebug() << "fw progress value" << value;
+    fwProgressDialogForm.progressBar->setValue(value * 2);
+}
+
+void ViewManager::slotFwCheckStarted()
+{
+    fwCheckOutput.clear();
+    fwVersionsFound = false;
+}
+
+void ViewManager::slotFindAndFormatFwVersion(QString text)
+{
+    const VersionText found = findVersion(text, foundMark, 0);
+    if (found.end < 0)
+        return;
+    // Behind the found one, which holds the shorter mark too.
+    const VersionText expected = findVersion(text, expectedMark, found.end);
+    if (expected.end < 0)
+        return;
+
+    fwVersionsFound = true;
+    fwCheckOutput.clear();
+    const QString foundVersion = formatFwVersion(text.mid(found.begin, found.end - found.begin));
+    const QString expectedVersion =
+        formatFwVersion(text.mid(expected.begin, expected.end - expected.begin));
+    slotSetFirmwareVersions(foundVersion, expectedVersion);
+    // The comparison behind the out-of-date dialog is made with these.
+    sysexManager->slotSetFirmwareVersions(foundVersion, expectedVersion);
+}
+
+void ViewManager::slotSetFirmwareVersions(QString foundVersion, QString expectedVersion)
+{
+    aboutDialogForm.fw_found->setText(foundVersion);
+    aboutDialogForm.expected->setText(expectedVersion);
+    fwOutOfDateDialogForm.found->setText(foundVersion);
+    fwOutOfDateDialogForm.expected->setText(expectedVersion);
+    fwForceDialogForm.version->setText(QStringLiteral("firmware version %1?").arg(expectedVersion));
+}

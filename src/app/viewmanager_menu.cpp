@@ -1,0 +1,112 @@
+// The menu bar and its commands.
+#include "viewmanager.h"
+
+#include <QAction>
+#include <QDebug>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QUrl>
+
+namespace
+{
+
+const QString toolTipsKey = QStringLiteral("toolTipsEnabled");
+
+} // namespace
+
+void ViewManager::slotInitMenuBar()
+{
+    menuBar = new QMenuBar(this);
+    menuBar->setNativeMenuBar(false);
+    menuBar->setGeometry(0, 0, windowWidth, menuBarHeight);
+
+    const auto addMenu = [this](const QString& title, const char* name) {
+        QMenu* menu = menuBar->addMenu(title);
+        menu->setObjectName(QLatin1String(name));
+        return menu;
+    };
+    QMenu* fileMenu = addMenu(QStringLiteral("File"), "FileMenu");
+    QMenu* editMenu = addMenu(QStringLiteral("Edit"), "EditMenu");
+    QMenu* hardwareMenu = addMenu(QStringLiteral("Hardware"), "HardwareMenu");
+    QMenu* helpMenu = addMenu(QStringLiteral("Help"), "HelpMenu");
+
+    forceFirmwareUpdateAct = hardwareMenu->addAction(QStringLiteral("Force Firmware Update"));
+    forceFirmwareUpdateAct->setEnabled(false);
+    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), disableWidget, SLOT(show()));
+    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), disableWidget, SLOT(raise()));
+    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), fwForceDialog, SLOT(show()));
+    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), fwForceDialog, SLOT(raise()));
+    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), fwForceDialogForm.update,
+            SLOT(setFocus()));
+    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), fwProgressDialogForm.progressBar,
+            SLOT(reset()));
+
+    helpMenu->addAction(QStringLiteral("About JSum Editor"), this, SLOT(slotShowAboutDialog()));
+    helpMenu->addAction(QStringLiteral("Documentation..."), this, SLOT(slotOpenDoc()));
+    helpMenu->addSeparator();
+    // A child of the File menu, though it stands in Help.
+    toolTipsAct = new QAction(fileMenu);
+    connect(toolTipsAct, SIGNAL(triggered()), this, SLOT(slotEnableDisableToolTips()));
+    helpMenu->addAction(toolTipsAct);
+    if (!settingsStore->contains(toolTipsKey)) {
+        settingsStore->setValue(toolTipsKey, true);
+        toolTipsAct->setText(QStringLiteral("Hide Tool Tips"));
+    } else {
+        setToolTipsEnabled(settingsStore->value(toolTipsKey).toBool());
+    }
+
+    // Stands in no menu: the splash button is the way into demo mode, and this follows its state.
+    demoModeAct = new QAction(QStringLiteral("Enter Demo Mode..."), this);
+    connect(demoModeAct, SIGNAL(triggered()), this, SLOT(slotEnterDemoMode()));
+
+    for (QMenu* menu : {fileMenu, editMenu, hardwareMenu, helpMenu})
+        menu->menuAction()->setVisible(!menu->isEmpty());
+    menuBar->show();
+}
+
+void ViewManager::slotShowAboutDialog()
+{
+    disableWidget->show();
+    disableWidget->raise();
+    aboutDialog->show();
+    aboutDialog->raise();
+    aboutDialogForm.ok->setFocus();
+}
+
+void ViewManager::slotOpenDoc()
+{
+    const QString manual =
+        QFileInfo(QStringLiteral("./resources/J-Sum_manual.pdf")).absoluteFilePath();
+    if (QFileInfo::exists(manual) && QDesktopServices::openUrl(QUrl::fromLocalFile(manual)))
+        return;
+    qDebug() << "could not open the manual" << manual;
+    auto* box = new QMessageBox(QMessageBox::Information, QStringLiteral("Documentation"),
+                                QFileInfo::exists(manual)
+                                    ? QStringLiteral("No program was found that opens the manual:")
+                                    : QStringLiteral("The manual is missing:"),
+                                QMessageBox::Ok, this);
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(manual);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void ViewManager::setToolTipsEnabled(bool enabled)
+{
+    toolTipsAct->setText(enabled ? QStringLiteral("Hide Tool Tips")
+                                 : QStringLiteral("Show Tool Tips"));
+    toolTipFilter.toolTipsEnabled = enabled;
+}
+
+void ViewManager::slotEnableDisableToolTips()
+{
+    const bool enabled = !settingsStore->value(toolTipsKey).toBool();
+    settingsStore->setValue(toolTipsKey, enabled);
+    setToolTipsEnabled(enabled);
+}

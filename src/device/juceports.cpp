@@ -1,0 +1,149 @@
+#include "juceports.h"
+
+#include <QSet>
+#include <QThread>
+
+#include <cstdarg>
+#include <cstdio>
+
+#if defined(__linux__)
+#include <alsa/asoundlib.h>
+#endif
+
+namespace
+{
+
+// JUCE's ALSA reader thread notices only within this time that its last input was closed; an input
+// that is opened sooner finds the thread "still running" and then never hears anything.
+constexpr int readerThreadEndMs = 100;
+
+// Since when no input is open or opening. JUCE has one reader for the whole process, so this is
+// too.
+QElapsedTimer& lastInputClosed()
+{
+    static QElapsedTimer timer;
+    return timer;
+}
+
+QString fromJuce(const juce::String& text) { return QString::fromUtf8(text.toRawUTF8()); }
+
+juce::String toJuce(const QString& text)
+{
+    return juce::String::fromUTF8(text.toUtf8().constData());
+}
+
+QList<MidiPortInfo> fromJuce(const juce::Array<juce::MidiDeviceInfo>& devices)
+{
+    QList<MidiPortInfo> ports;
+    ports.reserve(devices.size());
+    for (const auto& device : devices)
+        ports.append({fromJuce(device.name), fromJuce(device.identifier)});
+    return ports;
+}
+
+class JuceInputPort : public MidiInputPort
+{
+public:
+    explicit JuceInputPort(std::unique_ptr<juce::MidiInput> input)
+        : m_input(std::move(input))
+    {
+    }
+    ~JuceInputPort() override
+    {
+        m_input.reset();
+        lastInputClosed().start();
+    }
+    void start() override { m_input->start(); }
+    void stop() override { m_input->stop(); }
+
+private:
+    std::unique_ptr<juce::MidiInput> m_input;
+};
+
+class JuceOutputPort : public MidiOutputPort
+{
+public:
+    explicit JuceOutputPort(std::unique_ptr<juce::MidiOutput> output)
+        : m_output(std::move(output))
+    {
+    }
+    void sendMessageNow(const juce::MidiMessage& message) override
+    {
+        m_output->sendMessageNow(message);
+    }
+
+private:
+    std::unique_ptr<juce::MidiOutput> m_output;
+};
+
+#if defined(__linux__)
+// Without a sequencer every poll would print the same complaint, twice a second.
+void printAlsaErrorOnce(const char* file, int line, const char* function, int error,
+                        const char* format, ...)
+{
+    char text[512];
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+
+    static QSet<QByteArray> printed;
+    const QByteArray message = QByteArray(function) + ": " + text;
+    if (printed.contains(message))
+        return;
+    if (printed.size() < 100)
+        printed.insert(message);
+    std::fprintf(stderr, "ALSA lib %s:%i:(%s) %s%s%s\n", file, line, function, text,
+                 error ? ": " : "", error ? snd_strerror(error) : "");
+}
+#endif
+
+} // namespace
+
+JucePorts::JucePorts()
+{
+#if defined(__linux__)
+    snd_lib_error_set_handler(printAlsaErrorOnce);
+#endif
+}
+
+QList<MidiPortInfo> JucePorts::inputs() { return fromJuce(juce::MidiInput::getAvailableDevices()); }
+
+QList<MidiPortInfo> JucePorts::outputs()
+{
+    return fromJuce(juce::MidiOutput::getAvailableDevices());
+}
+
+std::unique_ptr<MidiInputPort> JucePorts::openInput(const QString& identifier,
+                                                    juce::MidiInputCallback* callback)
+{
+    if (const auto& closed = lastInputClosed(); closed.isValid()) {
+        const qint64 wait = readerThreadEndMs - closed.elapsed();
+        if (wait > 0)
+            QThread::msleep(static_cast<unsigned long>(wait));
+    }
+    auto input = juce::MidiInput::openDevice(toJuce(identifier), callback);
+    if (!input)
+        return nullptr;
+    return std::make_unique<JuceInputPort>(std::move(input));
+}
+
+std::unique_ptr<MidiOutputPort> JucePorts::openOutput(const QString& identifier)
+{
+    auto output = juce::MidiOutput::openDevice(toJuce(identifier));
+    if (!output)
+        return nullptr;
+    return std::make_unique<JuceOutputPort>(std::move(output));
+}
+
+QStringList JucePorts::audioOutputNames()
+{
+    QStringList names;
+    juce::AudioDeviceManager deviceManager;
+    for (auto* type : deviceManager.getAvailableDeviceTypes()) {
+        type->scanForDevices();
+        for (const auto& name : type->getDeviceNames(false))
+            names.append(fromJuce(name));
+    }
+    return names;
+}

@@ -1,0 +1,198 @@
+#include "midimanager.h"
+
+#include "juceports.h"
+
+#include <QDebug>
+#include <QMessageBox>
+
+#include <algorithm>
+
+namespace
+{
+
+const QString huiVirtualInput = QStringLiteral("loopMIDI Port 1");
+const QString huiVirtualOutput = QStringLiteral("loopMIDI Port");
+
+QString foldedVariant(const QString& name)
+{
+    return QStringLiteral("%1%2").arg(name.left(5), name.mid(5).toLower());
+}
+
+juce::uint8 dataByte(int value) { return static_cast<juce::uint8>(value & 0x7F); }
+
+juce::uint8 statusByte(int kind, int channel)
+{
+    return static_cast<juce::uint8>(kind | std::clamp(channel - 1, 0, 15));
+}
+
+} // namespace
+
+MidiManager::MidiManager(QObject* parent, std::unique_ptr<MidiPorts> ports)
+    : QObject(parent)
+    , m_ports(ports ? std::move(ports) : std::make_unique<JucePorts>())
+{
+    setObjectName(QStringLiteral("midiManager"));
+    qRegisterMetaType<MidiMessage>("MidiMessage");
+
+    connect(&pollTimer, SIGNAL(timeout()), this, SLOT(slot_PollDevices()));
+    pollTimer.start(pollIntervalMs);
+}
+
+MidiManager::~MidiManager()
+{
+    // The input thread calls this object until its ports are closed.
+    openInputs.clear();
+}
+
+void MidiManager::handleIncomingMidiMessage(juce::MidiInput* source, const MidiMessage& message)
+{
+    emit signal_ReceiveMidiInput(QString::fromUtf8(source->getName().toRawUTF8()), message);
+}
+
+void MidiManager::slot_PollDevices()
+{
+    const QStringList inputs = getMidiInputDevices();
+    const QStringList outputs = getMidiOutputDevices();
+
+    if (inputs != knownInputNames) {
+        knownInputNames = inputs;
+        emit signal_MidiInputsChanged();
+    }
+    if (outputs != knownOutputNames) {
+        knownOutputNames = outputs;
+        emit signal_MidiOutputsChanged();
+    }
+}
+
+bool MidiManager::nameMatches(const QString& portName, const QString& wanted)
+{
+    return portName.contains(wanted) || portName.contains(foldedVariant(wanted));
+}
+
+void MidiManager::slotRenameDevices(QString inputDevice, QString outputDevice,
+                                    QString controlInputDevice, QString controlOutputDevice)
+{
+    QString foundInput = inputDevice;
+    QString foundControlInput = controlInputDevice;
+    for (const QString& name : getMidiInputDevices()) {
+        if (nameMatches(name, inputDevice))
+            foundInput = name;
+        if (nameMatches(name, controlInputDevice))
+            foundControlInput = name;
+    }
+    emit signalUpdateInputDeviceName(foundInput, foundControlInput);
+
+    QString foundOutput = outputDevice;
+    QString foundControlOutput = controlOutputDevice;
+    for (const QString& name : getMidiOutputDevices()) {
+        if (nameMatches(name, outputDevice)) {
+            foundOutput = name;
+            sysexOutputName = name;
+        }
+        if (nameMatches(name, controlOutputDevice)) {
+            foundControlOutput = name;
+            controlOutputName = name;
+        }
+    }
+    emit signalUpdateOutputDeviceName(foundOutput, foundControlOutput);
+}
+
+MidiOutputPort* MidiManager::findOpenOutput(const QString& name, const char* complaint) const
+{
+    const auto entry = openOutputIndex.constFind(name);
+    if (entry == openOutputIndex.constEnd()) {
+        qDebug() << complaint << name << "-- not found in output array lookup.";
+        return nullptr;
+    }
+    if (*entry < 0 || static_cast<std::size_t>(*entry) >= openOutputs.size()) {
+        qDebug() << complaint << name << "-- index out of range.";
+        return nullptr;
+    }
+    return openOutputs[static_cast<std::size_t>(*entry)].get();
+}
+
+void MidiManager::outputSysEx(QString /*deviceName*/, uchar* data, int size)
+{
+    if (!data || size <= 0)
+        return;
+    sysexQueue.append(MidiMessage(data, size, 0.0));
+    if (!demoMode && !sendingSysex)
+        slot_EmptyMidiBuffer();
+}
+
+void MidiManager::slot_EmptyMidiBuffer()
+{
+    while (!sysexQueue.isEmpty()) {
+        sendingSysex = true;
+        MidiOutputPort* output = findOpenOutput(sysexOutputName, "____ERROR: Cannot send sysex to");
+        if (!output)
+            break;
+        output->sendMessageNow(sysexQueue.takeFirst());
+    }
+    sendingSysex = false;
+}
+
+void MidiManager::outputCC(QString deviceName, int channel, int controllerNum, int controllerValue)
+{
+    if (auto* output = findOpenOutput(deviceName, "____ERROR: Cannot send CC to")) {
+        output->sendMessageNow(MidiMessage(statusByte(0xB0, channel), dataByte(controllerNum),
+                                           dataByte(controllerValue)));
+    }
+}
+
+void MidiManager::outputNoteOn(QString deviceName, int channel, int noteNum, int noteVelocity)
+{
+    if (auto* output = findOpenOutput(deviceName, "____ERROR: Cannot send Note On to")) {
+        output->sendMessageNow(MidiMessage(statusByte(0x90, channel), dataByte(noteNum),
+                                           std::clamp(noteVelocity, 0, 127)));
+    }
+}
+
+void MidiManager::slotFindAudioDeviceNameOnConnect()
+{
+    const QStringList names = m_ports->audioOutputNames();
+    if (names.contains(QStringLiteral("J-Sum")))
+        return;
+    qDebug() << "\n============== !!!INCORRECT AUDIO DEVICE NAME!!! ==============\n"
+             << names << "\n===============================================================\n";
+}
+
+void MidiManager::slotEnableHuiPort(bool enabled)
+{
+    // The control port's input is opened under the name found for its output: both bear the same
+    // name.
+    if (!enabled) {
+        emit signalDisconnectHuiStuff();
+        closeMidiInput(controlOutputName);
+        closeMidiOutput(controlOutputName);
+        closeMidiInput(huiVirtualInput);
+        closeMidiOutput(huiVirtualOutput);
+        return;
+    }
+
+    if (!openMidiInput(huiVirtualInput)) {
+        QMessageBox box(
+            QMessageBox::Critical, QStringLiteral("Error"),
+            QStringLiteral(
+                "The HUI feature requries "
+                "<a href='https://www.tobias-erichsen.de/software/loopmidi.html'>loopMIDI</a>"
+                ", a free virtual MIDI port maker. Please install loopMIDI, create 2 midi ports, "
+                "and try again.<br><br>When adding the ports within loopMIDI, just use the default "
+                "names: 'loopMIDI Port' and 'loopMIDI Port 1'."),
+            QMessageBox::Ok);
+        box.setTextFormat(Qt::RichText);
+        box.exec();
+        emit signalHUIPortButton(false);
+        return;
+    }
+    openMidiOutput(huiVirtualOutput);
+    openMidiInput(controlOutputName);
+    openMidiOutput(controlOutputName);
+    emit signalConnectHuiStuff();
+
+    // Light the mixer's bank left and bank right indicators.
+    constexpr int bankLeftNote = 14;
+    constexpr int bankRightNote = 15;
+    outputNoteOn(controlOutputName, 0, bankLeftNote, 127);
+    outputNoteOn(controlOutputName, 0, bankRightNote, 127);
+}

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "midiports.h"
+
+#include <QList>
+#include <QMap>
+#include <QMetaType>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+using juce::MidiMessage;
+Q_DECLARE_METATYPE(MidiMessage)
+
+// Owns every MIDI port that the editor opens: watches the system's device lists, opens and closes
+// ports by name, queues SysEx and hands each received message on. It knows nothing of what a
+// message means. SysexManager creates it and is its parent. Everything runs on the GUI thread, but
+// for handleIncomingMidiMessage, which only emits a signal that is queued to it.
+class MidiManager : public QObject, public juce::MidiInputCallback
+{
+    Q_OBJECT
+
+public:
+    // ports: the system's MIDI; the real one when null.
+    explicit MidiManager(QObject* parent = nullptr, std::unique_ptr<MidiPorts> ports = nullptr);
+    ~MidiManager() override;
+
+    static constexpr int pollIntervalMs = 500;
+
+    // The names at this moment, in the system's order. Open ports that are gone from the list are
+    // closed and forgotten, but for the virtual ports of the HUI bridge.
+    QStringList getMidiInputDevices();
+    QStringList getMidiOutputDevices();
+
+    // Open the first port of exactly this name; false, with a debug line, when there is none or it
+    // can't be opened.
+    bool openMidiInput(QString name);
+    bool openMidiOutput(QString name);
+    // False when the name is not open.
+    bool closeMidiInput(QString name);
+    bool closeMidiOutput(QString name);
+
+    // Whether a port of this name is found by the wanted name: as it stands, or in lower case after
+    // its fifth character. Case-sensitive otherwise.
+    static bool nameMatches(const QString& portName, const QString& wanted);
+
+    void setDemoMode(bool enabled) { demoMode = enabled; }
+
+    // Called on the MIDI input thread.
+    void handleIncomingMidiMessage(juce::MidiInput* source, const MidiMessage& message) override;
+    void handlePartialSysexMessage(juce::MidiInput*, const juce::uint8*, int, double) override { }
+
+public slots:
+    // Finds the mixer's ports by the names passed in; the last match in the system's order wins,
+    // and a name without a match is answered as it came.
+    void slotRenameDevices(QString inputDevice, QString outputDevice, QString controlInputDevice,
+                           QString controlOutputDevice);
+    void slotFindAudioDeviceNameOnConnect();
+    void slotEnableHuiPort(bool enabled);
+
+    // Queues size bytes, 0xF0 and 0xF7 included, and sends the queue unless in demo mode. All SysEx
+    // goes to the port that slotRenameDevices found; deviceName plays no part.
+    void outputSysEx(QString deviceName, uchar* data, int size);
+    // Sent at once to deviceName, ahead of queued SysEx. channel is one-based and brought into 1 to
+    // 16; the velocity into 0 to 127; note, controller and its value lose their upper bits.
+    void outputNoteOn(QString deviceName, int channel, int noteNum, int noteVelocity);
+    void outputCC(QString deviceName, int channel, int controllerNum, int controllerValue);
+
+    void slot_PollDevices();
+    void slot_EmptyMidiBuffer();
+
+signals:
+    void signal_MidiInputsChanged();
+    void signal_MidiOutputsChanged();
+    void signal_ReceiveMidiInput(QString sourceName, MidiMessage message);
+    void signalUpdateInputDeviceName(QString newInputDeviceName, QString newControlInputDeviceName);
+    void signalUpdateOutputDeviceName(QString newOutputDeviceName,
+                                      QString newControlOutputDeviceName);
+    void signalConnectHuiStuff();
+    void signalDisconnectHuiStuff();
+    void signalHUIPortButton(bool checked);
+
+private:
+    MidiOutputPort* findOpenOutput(const QString& name, const char* complaint) const;
+
+    std::unique_ptr<MidiPorts> m_ports;
+
+    QString sysexOutputName;
+    QString controlOutputName;
+    bool demoMode = false;
+    QTimer pollTimer;
+    QStringList knownInputNames;
+    QStringList knownOutputNames;
+    // An entry is null after a failed open; such a one is in no map.
+    std::vector<std::unique_ptr<MidiInputPort>> openInputs;
+    QMap<QString, int> openInputIndex;
+    std::vector<std::unique_ptr<MidiOutputPort>> openOutputs;
+    QMap<QString, int> openOutputIndex;
+    QList<MidiMessage> sysexQueue;
+    bool sendingSysex = false;
+};

@@ -1,0 +1,213 @@
+// SysexManager's life and connection.
+#include "sysexmanager.h"
+
+#include "firmwareupdatemanager.h"
+#include "sysextables.h"
+
+#include <QDebug>
+
+#include <algorithm>
+
+namespace
+{
+
+template <std::size_t Size>
+QStringList toStringList(const std::array<std::string_view, Size>& table)
+{
+    QStringList list;
+    list.reserve(static_cast<int>(Size));
+    for (const auto& row : table)
+        list.append(QString::fromLatin1(row.data(), static_cast<qsizetype>(row.size())));
+    return list;
+}
+
+} // namespace
+
+SysexManager::SysexManager(QObject* parent, std::unique_ptr<MidiPorts> ports)
+    : QObject(parent)
+    , midiManager(new MidiManager(this, std::move(ports)))
+    , firmwareManager(new FirmwareUpdateManager(this))
+    , fwQueryTimer(new QTimer(this))
+    , inputDeviceName(QStringLiteral("Audio Control"))
+    , outputDeviceName(QStringLiteral("Audio Control"))
+    , controlOutputDeviceName(QStringLiteral("Control Surface"))
+    , controlInputDeviceName(QStringLiteral("Control Surface"))
+    , inputNameAtLastChange(inputDeviceName)
+    , outputNameAtLastChange(outputDeviceName)
+    , portNamePrefix(QStringLiteral("J-Sum "))
+    , portNameSuffix(QStringLiteral(" In"))
+    , channelIds(toStringList(sysex::channelIdTable))
+    , parameterIds(toStringList(sysex::parameterIdTable))
+    , modeIds(toStringList(sysex::modeIdTable))
+{
+    setObjectName(QStringLiteral("sysexManager"));
+    connectMidiManager();
+    connectFirmwareManager();
+
+    connect(fwQueryTimer, SIGNAL(timeout()), this, SLOT(slotSendFwQuery()));
+    connect(this, SIGNAL(signalStartFwQueryTimer(int)), fwQueryTimer, SLOT(start(int)));
+    connect(this, SIGNAL(signalStopFwQueryTimer()), fwQueryTimer, SLOT(stop()));
+}
+
+void SysexManager::connectMidiManager()
+{
+    connect(midiManager, SIGNAL(signalUpdateInputDeviceName(QString, QString)), this,
+            SLOT(slotUpdateInputDeviceName(QString, QString)));
+    connect(midiManager, SIGNAL(signalUpdateOutputDeviceName(QString, QString)), this,
+            SLOT(slotUpdateOutputDeviceName(QString, QString)));
+    slotConnectInputsandOutputs();
+    connect(midiManager, SIGNAL(signal_ReceiveMidiInput(QString, MidiMessage)), this,
+            SLOT(slotReceiveMidiInput(QString, MidiMessage)));
+    connect(midiManager, SIGNAL(signalHUIPortButton(bool)), this,
+            SIGNAL(signalHUIPortButton(bool)));
+    connect(this, SIGNAL(signalFindAudioDevicesAfterConnection()), midiManager,
+            SLOT(slotFindAudioDeviceNameOnConnect()));
+}
+
+void SysexManager::connectFirmwareManager()
+{
+    connect(firmwareManager, SIGNAL(signalConsoleText(QString)), this,
+            SIGNAL(signalConsoleText(QString)));
+    connect(firmwareManager, SIGNAL(signalSetFwProgressBar(int)), this,
+            SIGNAL(signalSetFwProgressBar(int)));
+    connect(firmwareManager, SIGNAL(signalOpenFwOOD()), this, SIGNAL(signalOpenFwOOD()));
+    connect(firmwareManager, SIGNAL(signalOpenRestartDialog()), this,
+            SIGNAL(signalOpenRestartDialog()));
+    connect(firmwareManager, SIGNAL(signalCloseRestartDialog()), this,
+            SIGNAL(signalCloseRestartDialog()));
+    connect(firmwareManager, SIGNAL(signalFwError(QString)), this, SIGNAL(signalFwError(QString)));
+    connect(firmwareManager, SIGNAL(signalFwCheckStarted()), this, SIGNAL(signalFwCheckStarted()));
+    connect(firmwareManager, SIGNAL(signalUpdateComplete()), this, SLOT(slotFwUpdateSuccessful()));
+    connect(firmwareManager, SIGNAL(signalFwMatch()), this, SLOT(slotSendFwQuery()));
+    connect(this, SIGNAL(signalUpdateFirmware()), firmwareManager, SLOT(slot_UpgradeFWStarted()));
+}
+
+void SysexManager::slotConnectInputsandOutputs()
+{
+    connect(midiManager, SIGNAL(signal_MidiInputsChanged()), this, SLOT(slotMidiInputsChanged()));
+    connect(midiManager, SIGNAL(signal_MidiOutputsChanged()), this, SLOT(slotMidiOutputsChanged()));
+}
+
+void SysexManager::slotClosePorts()
+{
+    midiManager->closeMidiInput(inputDeviceName);
+    midiManager->closeMidiOutput(outputDeviceName);
+}
+
+void SysexManager::slotUpdateInputDeviceName(QString newInputDeviceName,
+                                             QString newControlInputDeviceName)
+{
+    inputDeviceName = newInputDeviceName;
+    controlInputDeviceName = newControlInputDeviceName;
+}
+
+void SysexManager::slotUpdateOutputDeviceName(QString newOutputDeviceName,
+                                              QString newControlOutputDeviceName)
+{
+    outputDeviceName = newOutputDeviceName;
+    controlOutputDeviceName = newControlOutputDeviceName;
+}
+
+void SysexManager::slotMidiInputsChanged()
+{
+    midiManager->slotRenameDevices(inputDeviceName, outputDeviceName, controlInputDeviceName,
+                                   controlOutputDeviceName);
+
+    const bool wasPresent =
+        inputNameAtLastChange == inputDeviceName && knownInputDevices.contains(inputDeviceName);
+    inputNameAtLastChange = inputDeviceName;
+    knownInputDevices = midiManager->getMidiInputDevices();
+    qDebug() << "____New Input Devices:" << knownInputDevices;
+
+    if (!knownInputDevices.contains(inputDeviceName))
+        midiManager->closeMidiInput(inputDeviceName);
+    else if (!wasPresent)
+        midiManager->openMidiInput(inputDeviceName);
+
+    // The outputs came a poll earlier, when only this slot could have found their name.
+    if (outputNameAtLastChange != outputDeviceName
+        && knownOutputDevices.contains(outputDeviceName)) {
+        slotMidiOutputsChanged();
+    }
+}
+
+void SysexManager::slotMidiOutputsChanged()
+{
+    const QStringList devices = midiManager->getMidiOutputDevices();
+
+    // The outputs come a poll later than the inputs: names are looked up only in the inputs' slot.
+    const auto isOurs = [this](const QString& name) {
+        return MidiManager::nameMatches(name, outputDeviceName);
+    };
+    if (!devices.contains(outputDeviceName)
+        && std::any_of(devices.begin(), devices.end(), isOurs)) {
+        slotMidiInputsChanged();
+    }
+
+    const bool wasPresent =
+        outputNameAtLastChange == outputDeviceName && knownOutputDevices.contains(outputDeviceName);
+    outputNameAtLastChange = outputDeviceName;
+    knownOutputDevices = devices;
+    qDebug() << "____New Output Devices:" << knownOutputDevices;
+
+    if (!knownOutputDevices.contains(outputDeviceName)) {
+        connected = false;
+        midiManager->closeMidiOutput(outputDeviceName);
+    } else if (!wasPresent) {
+        connected = midiManager->openMidiOutput(outputDeviceName);
+    }
+
+    if (!connected) {
+        emit signalStopFwQueryTimer();
+        firmwareManager->slotAbortCheck();
+    }
+    if (wasPresent && connected)
+        return;
+
+    qDebug() << "wasn't already connected on port change or isn't connected -- current connection "
+                "state:"
+             << outputDeviceName << connected;
+
+    QString text = QStringLiteral("not connected");
+    if (connected) {
+        if (demoMode)
+            emit signalExitDemoMode();
+        if (!didAttemptFwUpdate) {
+            qDebug() << "start fw update check...";
+            firmwareManager->slot_CheckFWStarted();
+        }
+        text = outputDeviceName;
+    }
+    emit signalConnected(connected);
+    text.remove(portNamePrefix);
+    text.remove(portNameSuffix);
+    emit signalPortConnectionText(text);
+}
+
+void SysexManager::slotDidAttemptFwUpdate() { didAttemptFwUpdate = true; }
+
+void SysexManager::slotFwUpdateSuccessful()
+{
+    didAttemptFwUpdate = false;
+    firmwareManager->updateSucceeded = true;
+}
+
+void SysexManager::slotSetFirmwareVersions(QString foundV, QString expectedV)
+{
+    foundFirmwareVersion = foundV;
+    expectedFirmwareVersion = expectedV;
+    firmwareManager->foundVersion = foundV;
+    firmwareManager->expectedVersion = expectedV;
+}
+
+void SysexManager::slotSetDemoModeEnabled(bool enabled)
+{
+    demoMode = enabled;
+    midiManager->setDemoMode(enabled);
+}
+
+void SysexManager::slotEnableHuiPort(bool enabled)
+{
+    qDebug() << "SysexMgr called midimanger->enableHUI";
+    midiManager->slotEnableHuiPort(enabled);
+}

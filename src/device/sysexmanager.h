@@ -1,0 +1,153 @@
+#pragma once
+
+#include "midimanager.h"
+#include "sysexframe.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+#include <memory>
+
+class FirmwareUpdateManager;
+
+// The editor's single gateway to the mixer: follows its ports, decides whether the editor counts as
+// connected, runs the firmware query, dispatches every received message and sends the status
+// messages. ViewManager owns it. Every sending slot tests the connection itself and does nothing
+// beyond a debug line without one.
+class SysexManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    // ports: the system's MIDI; the real one when null.
+    explicit SysexManager(QObject* parent = nullptr, std::unique_ptr<MidiPorts> ports = nullptr);
+
+    static constexpr int fwQueryIntervalMs = 3000;
+
+    bool isConnected() const { return connected; }
+    FirmwareUpdateManager* firmware() const { return firmwareManager; }
+    MidiManager* midi() const { return midiManager; }
+
+public slots:
+    void slotSendFwQuery();
+    void slotSendRestartMessage();
+    void slotSendSysexCommEndMessage();
+    // setlistSlotNumber: 0 the live memory, 1 to 12 the slots A to L. Others are dropped with a
+    // debug line.
+    void slotSendSaveToSlot(int setlistSlotNumber);
+    void slotSendDSPUpdatingStatus(bool enableDSPUpdating);
+    void slotSendStereoUpdatingStatus(bool enableStereoUpdating);
+    // slotNum as above.
+    void slotSendSinglePresetRequest(int slotNum, bool saveAfterReceive);
+    // view: a mode identifier.
+    void slotSendModeChange(int view);
+    // channelNum: a channel identifier; 10 and above are modes to the mixer.
+    void slotSendChannelSelect(int channelNum);
+    void slotSaveGlobalParamsToFlash();
+
+    void slotUpdateInputDeviceName(QString newInputDeviceName, QString newControlInputDeviceName);
+    void slotUpdateOutputDeviceName(QString newOutputDeviceName,
+                                    QString newControlOutputDeviceName);
+    void slotMidiOutputsChanged();
+    void slotMidiInputsChanged();
+    void slotClosePorts();
+    void slotConnectInputsandOutputs();
+    void slotReceiveMidiInput(QString sourceName, MidiMessage message);
+
+    void slotDidAttemptFwUpdate();
+    void slotFwUpdateSuccessful();
+    void slotSetFirmwareVersions(QString foundV, QString expectedV);
+    void slotSetDemoModeEnabled(bool enabled);
+
+    // dataValue: a mode identifier, as the mixer sends it.
+    void slotReceiveModeChange(int dataValue);
+    void slotReceiveChannelSelect(int dataValue);
+    // Moves the mixer to the mode in which the parameter can be seen.
+    void slotFindModeChangeFromParameterName(QString jsonName);
+
+    void slotEnableHuiPort(bool enabled);
+
+signals:
+    void signalConnected(bool con);
+    void signalPortConnectionText(QString portConnectionText);
+    void signalInitFullPowerMode();
+    // Nothing raises it: no message tells the mixer's power state.
+    void signalInitLowPowerMode();
+    void signalExitDemoMode();
+    void signalViewChange(int view);
+    void signalChannelSelect(int channelNum);
+    void signalLiveMemoryFinishedSyncing();
+    void signalReceiveSinglePresetComplete(int slotNum, bool save);
+    // Always 0.
+    void signalReceiveGoToSyncPreset(int presetLibraryNumber);
+    void signalHideDisableWidget();
+    void signalHideProgressWidget();
+
+    // From the mixer's control surface and the HUI host; channels, and on the mixer's side also
+    // controllers and notes, count from 0.
+    void signalReceiveCCsForHUI(int channel, int controller, int value);
+    void signalReceiveNotesForHUI(int channel, int note, int velocity);
+    void signalReceiveBankPressOffIndicators();
+    void signalReceiveCCsForHuiLeds(int channel, int controller, int value);
+    // The data after 0xF0; valid only during the call.
+    void signalReceiveSysexForHUI(uchar* syxData);
+    void signalHUIPortButton(bool checked);
+
+    void signalConsoleText(QString text);
+    void signalSetFwProgressBar(int value);
+    void signalOpenFwOOD();
+    void signalOpenRestartDialog();
+    void signalCloseRestartDialog();
+    void signalFwError(QString errorMsg);
+    void signalFwCheckStarted();
+    void signalUpdateFirmware();
+    void signalFindAudioDevicesAfterConnection();
+
+    void signalStartFwQueryTimer(int intervalMs);
+    void signalStopFwQueryTimer();
+
+private:
+    void connectMidiManager();
+    void connectFirmwareManager();
+    void sendFrame(sysex::Type type, const sysex::Payload& payload = {});
+    void sendChannelSelectFrame(int channelNum);
+    int modeForParameter(const QString& jsonName) const;
+
+    void receiveSysex(const MidiMessage& message);
+    void receiveFirmwareVersion(const uchar* payload);
+    void receiveSlotTransfer(const uchar* payload);
+    void receiveFromControlSurface(const MidiMessage& message);
+    void receiveFromHuiHost(const MidiMessage& message);
+
+    bool connected = false;
+    // While set, each parameter sent may first move the mixer's mode. Written by the full-power
+    // view.
+    bool viewChangingEnabled = false;
+    bool demoMode = false;
+    QString foundFirmwareVersion;
+    QString expectedFirmwareVersion;
+    MidiManager* midiManager;
+    FirmwareUpdateManager* firmwareManager;
+    QTimer* fwQueryTimer;
+    QString inputDeviceName;
+    QString outputDeviceName;
+    QString controlOutputDeviceName;
+    QString controlInputDeviceName;
+    QStringList knownOutputDevices;
+    QStringList knownInputDevices;
+    // The names that the two change slots worked with last. Ports may arrive direction by
+    // direction; a name that was found since then counts as absent before.
+    QString inputNameAtLastChange;
+    QString outputNameAtLastChange;
+    QString portNamePrefix;
+    QString portNameSuffix;
+    QStringList channelIds;
+    QStringList parameterIds;
+    int currentChannel = 0;
+    // A mode identifier after a send, a view number after a receive; the two are compared as they
+    // stand.
+    int currentMode = 0;
+    QStringList modeIds;
+    bool didAttemptFwUpdate = false;
+};

@@ -1,0 +1,155 @@
+// What SysexManager does with received messages.
+#include "sysexmanager.h"
+
+#include <QDebug>
+
+#include <algorithm>
+
+namespace
+{
+
+const QString huiHostInput = QStringLiteral("loopMIDI Port 1");
+
+// Letting go of one of these darkens the mixer's bank indicators.
+bool isBankNote(int note) { return note == 14 || note == 15; }
+
+} // namespace
+
+void SysexManager::slotReceiveMidiInput(QString sourceName, MidiMessage message)
+{
+    if (sourceName == inputDeviceName && message.isSysEx())
+        receiveSysex(message);
+    else if (sourceName.contains(controlInputDeviceName))
+        receiveFromControlSurface(message);
+    else if (sourceName.contains(huiHostInput))
+        receiveFromHuiHost(message);
+    else
+        qDebug() << "unexpected message received" << sourceName;
+}
+
+void SysexManager::receiveSysex(const MidiMessage& message)
+{
+    const uchar* bytes = message.getSysExData();
+    const std::span<const uchar> data(
+        bytes, static_cast<std::size_t>(std::max(0, message.getSysExDataSize())));
+    // Read only where the size is known to hold it.
+    const uchar* payload = data.size() > sysex::at::type ? bytes + sysex::at::payload : bytes;
+
+    switch (sysex::classify(data)) {
+    case sysex::Incoming::FirmwareVersion:
+        receiveFirmwareVersion(payload);
+        return;
+    case sysex::Incoming::SlotTransfer:
+        if (payload[0] > sysex::lastWireSlot)
+            break;
+        receiveSlotTransfer(payload);
+        return;
+    case sysex::Incoming::PresetParameter:
+    case sysex::Incoming::GlobalParameter:
+        return;
+    case sysex::Incoming::GoToSyncPreset:
+        emit signalReceiveGoToSyncPreset(0);
+        return;
+    case sysex::Incoming::ModeChange:
+        slotReceiveModeChange(payload[0]);
+        return;
+    case sysex::Incoming::ChannelSelect:
+        slotReceiveChannelSelect(payload[0]);
+        return;
+    case sysex::Incoming::Hui:
+        emit signalReceiveSysexForHUI(const_cast<uchar*>(bytes));
+        return;
+    case sysex::Incoming::Unknown:
+        break;
+    }
+    qDebug() << "sysex type code" << sysex::typeOf(data) << "size" << data.size();
+}
+
+void SysexManager::receiveFirmwareVersion(const uchar* payload)
+{
+    // Left in the queue at an unplug.
+    if (!connected)
+        return;
+    emit signalStopFwQueryTimer();
+    const QString version = QStringLiteral("%1.%2.%3")
+                                .arg(payload[3], 0, 16)
+                                .arg(payload[4], 0, 16)
+                                .arg(payload[5], 0, 16);
+    qDebug() << "received fw version from control board" << version;
+    emit signalConnected(connected);
+    emit signalInitFullPowerMode();
+}
+
+void SysexManager::receiveSlotTransfer(const uchar* payload)
+{
+    const int slot = sysex::slotFromWire(payload[0]);
+    const bool finished = payload[1] != 0;
+    const bool save = payload[2] != 0;
+
+    if (!finished) {
+        qDebug() << "receiving slot number" << slot << "from the board";
+    } else if (slot == 0) {
+        emit signalLiveMemoryFinishedSyncing();
+        qDebug() << "finished receiving live memory preset";
+    } else {
+        emit signalReceiveSinglePresetComplete(slot, save);
+        qDebug() << "finished receiving slot" << slot
+                 << (save ? "it should now save"
+                          : "the preset should not save but read as dirty instead");
+    }
+}
+
+void SysexManager::slotReceiveModeChange(int dataValue)
+{
+    constexpr int surroundView = 0;
+    constexpr int channelStripView = 1;
+    constexpr int reverbView = 2;
+
+    const bool isBus = dataValue >= sysex::firstAuxChannel && dataValue <= sysex::phonesChannel;
+    int view = -1;
+    if ((dataValue >= 0 && dataValue <= 4) || dataValue == 14 || isBus)
+        view = channelStripView;
+    else if (dataValue == 5)
+        view = reverbView;
+    else if (dataValue == 6)
+        view = surroundView;
+    else
+        return;
+
+    currentMode = view;
+    if (isBus)
+        currentChannel = dataValue;
+    emit signalViewChange(view);
+    if (isBus)
+        emit signalChannelSelect(dataValue);
+}
+
+void SysexManager::slotReceiveChannelSelect(int dataValue)
+{
+    currentChannel = dataValue;
+    emit signalChannelSelect(dataValue);
+}
+
+void SysexManager::receiveFromControlSurface(const MidiMessage& message)
+{
+    const int channel = message.getChannel() - 1;
+    if (message.isController()) {
+        emit signalReceiveCCsForHUI(channel, message.getControllerNumber() - 1,
+                                    message.getControllerValue());
+    } else if (message.isNoteOnOrOff()) {
+        const int note = message.getNoteNumber();
+        emit signalReceiveNotesForHUI(channel, note - 1, message.getVelocity());
+        // A note-on of velocity 0 is a note-off too.
+        if (message.isNoteOff() && channel == 0 && isBankNote(note))
+            emit signalReceiveBankPressOffIndicators();
+    }
+}
+
+void SysexManager::receiveFromHuiHost(const MidiMessage& message)
+{
+    if (message.isController()) {
+        // The controller as it comes, unlike the mixer's.
+        emit signalReceiveCCsForHuiLeds(message.getChannel() - 1, message.getControllerNumber(),
+                                        message.getControllerValue());
+    }
+}

@@ -1,0 +1,231 @@
+#include "firmwareupdatemanager.h"
+#include "testcase.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+// Runs the manager against small tools in a folder of the test's own.
+class TestFirmwareUpdateManager : public TestCase
+{
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> folder;
+    QString startFolder = QDir::currentPath();
+    QStringList heard;
+    QString console;
+    std::unique_ptr<FirmwareUpdateManager> manager;
+
+    void prepare() override
+    {
+        manager.reset();
+        folder = std::make_unique<QTemporaryDir>();
+        QDir(folder->path()).mkpath("resources/firmware");
+        QDir::setCurrent(folder->path());
+        heard.clear();
+        console.clear();
+    }
+
+    void makeManager(const char* tool)
+    {
+        if (tool) {
+            QFile file("resources/dfucons.exe");
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(QByteArray("#!/bin/sh\n") + tool + "\n");
+            file.close();
+            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        }
+        manager = std::make_unique<FirmwareUpdateManager>();
+        connect(manager.get(), SIGNAL(signalOpenFwOOD()), this, SLOT(hearOutOfDate()));
+        connect(manager.get(), SIGNAL(signalFwMatch()), this, SLOT(hearMatch()));
+        connect(manager.get(), SIGNAL(signalOpenRestartDialog()), this, SLOT(hearOpenRestart()));
+        connect(manager.get(), SIGNAL(signalCloseRestartDialog()), this, SLOT(hearCloseRestart()));
+        connect(manager.get(), SIGNAL(signalUpdateComplete()), this, SLOT(hearComplete()));
+        connect(manager.get(), SIGNAL(signalFwError(QString)), this, SLOT(hearError(QString)));
+        connect(manager.get(), SIGNAL(signalConsoleText(QString)), this, SLOT(hearText(QString)));
+    }
+
+public slots:
+    void hearOutOfDate() { heard << "out of date"; }
+    void hearMatch() { heard << "match"; }
+    void hearOpenRestart() { heard << "restart?"; }
+    void hearCloseRestart() { heard << "restarted"; }
+    void hearComplete() { heard << "complete"; }
+    void hearError(QString text) { heard << "error:" + text; }
+    void hearText(QString text) { console += text; }
+
+private slots:
+    void cleanup()
+    {
+        manager.reset();
+        QDir::setCurrent(startFolder);
+    }
+
+    void checkEnds_data()
+    {
+        QTest::addColumn<QByteArray>("tool"); // empty: there is none
+        QTest::addColumn<QString>("found");
+        QTest::addColumn<QString>("expected");
+        QTest::addColumn<bool>("updated");
+        QTest::addColumn<QStringList>("signalsInOrder");
+        const QStringList twice{"match", "match"};
+        QTest::newRow("same firmware") << QByteArray("exit 0") << "1.2.3"
+                                       << "1.2.3" << false << twice;
+        QTest::newRow("confirms an update")
+            << QByteArray("exit 0") << ""
+            << "" << true << QStringList{"match", "restarted", "match"};
+        QTest::newRow("out of date") << QByteArray("exit 38") << "1.2.3"
+                                     << "1.2.4" << false << QStringList{"out of date"};
+        QTest::newRow("38 with equal versions") << QByteArray("exit 38") << "1.2.3"
+                                                << "1.2.3" << false << QStringList{"match"};
+        QTest::newRow("any other code") << QByteArray("exit 5") << "1.2.3"
+                                        << "1.2.4" << false << QStringList{"match"};
+        QTest::newRow("crash") << QByteArray("kill -SEGV $$") << ""
+                               << "" << false << QStringList{"match"};
+        QTest::newRow("no tool") << QByteArray() << ""
+                                 << "" << false << QStringList{"match"};
+    }
+    void checkEnds()
+    {
+        QFETCH(QByteArray, tool);
+        QFETCH(QString, found);
+        QFETCH(QString, expected);
+        QFETCH(bool, updated);
+        QFETCH(QStringList, signalsInOrder);
+        makeManager(tool.isEmpty() ? nullptr : tool.constData());
+        manager->foundVersion = found;
+        manager->expectedVersion = expected;
+        manager->updateSucceeded = updated;
+        manager->slot_CheckFWStarted();
+        QTRY_COMPARE(heard, signalsInOrder);
+        QVERIFY(!manager->updateSucceeded);
+        QTest::qWait(20);
+        QCOMPARE(heard, signalsInOrder);
+        if (tool.isEmpty())
+            QVERIFY(console.contains("could not be started"));
+    }
+
+    void checkIsCalledAsTheToolExpects()
+    {
+        makeManager("pwd; for a in \"$@\"; do echo \"$a\"; done; echo oops >&2; exit 0");
+        manager->slot_CheckFWStarted();
+        QTRY_VERIFY(heard.contains("match"));
+        const QString resources = QDir("resources").canonicalPath();
+        QVERIFY(console.startsWith(resources + "\nchipversions\n"));
+        QVERIFY(console.contains("/resources/firmware/flashdata.txt\n"));
+        QVERIFY(console.contains("oops\n"));
+        QVERIFY(console.endsWith("Firmware matches"));
+    }
+
+    void outputIsPassedOnWhole()
+    {
+        // Two megabytes without a line end, and a character cut in two between writes.
+        makeManager("head -c 2000000 /dev/zero | tr '\\0' x; printf '\\303'; sleep 0.2; "
+                    "printf '\\251'; exit 0");
+        manager->slot_CheckFWStarted();
+        QTRY_VERIFY_WITH_TIMEOUT(heard.contains("match"), 10000);
+        QCOMPARE(console.count('x'), 2000000);
+        QVERIFY(console.contains(QChar(0xE9)));
+    }
+
+    void abortedCheckIsSilentAndTheNextOneCounts()
+    {
+        makeManager("if [ -e second ]; then exit 0; fi; touch second; exec sleep 60");
+        manager->slot_CheckFWStarted();
+        QTRY_VERIFY(QFile::exists("resources/second"));
+        manager->slotAbortCheck();
+        QTest::qWait(50);
+        QCOMPARE(heard, QStringList());
+        manager->slot_CheckFWStarted();
+        QTRY_COMPARE(heard, QStringList({"match", "match"}));
+    }
+
+    void hangingCheckIsKilled()
+    {
+        makeManager("touch begun; exec sleep 60");
+        manager->slot_CheckFWStarted();
+        QTRY_VERIFY(QFile::exists("resources/begun"));
+        QVERIFY(QMetaObject::invokeMethod(manager.get(), "slotCheckTimeout"));
+        QTRY_COMPARE(heard, QStringList({"match"}));
+    }
+
+    void updateEnds_data()
+    {
+        QTest::addColumn<QByteArray>("tool");
+        QTest::addColumn<QStringList>("signalsInOrder");
+        const QStringList good{"complete", "restart?"};
+        QTest::newRow("good") << QByteArray("echo 1; exit 0") << good;
+        QTest::newRow("only the error stream counts") << QByteArray("exit 5") << good;
+        QTest::newRow("error") << QByteArray("echo 1; printf 'no\\nboard\\n' >&2; exit 0")
+                               << QStringList{"error:noboard"};
+    }
+    void updateEnds()
+    {
+        QFETCH(QByteArray, tool);
+        QFETCH(QStringList, signalsInOrder);
+        makeManager(tool.constData());
+        manager->slot_UpgradeFWStarted();
+        QVERIFY(manager->isUpdating());
+        QTRY_VERIFY(!manager->isUpdating());
+        QCOMPARE(heard, signalsInOrder);
+    }
+
+    void updateToolThatIsMissingIsAnError()
+    {
+        makeManager(nullptr);
+        manager->slot_UpgradeFWStarted();
+        QTRY_COMPARE(heard.size(), 1);
+        QVERIFY(heard.first().startsWith("error:The firmware tool could not be started"));
+    }
+
+    void updateIsCalledAsTheToolExpects()
+    {
+        makeManager("for a in \"$@\"; do echo \"${a##*/resources/}\"; done");
+        QSignalSpy progress(manager.get(), SIGNAL(signalSetFwProgressBar(int)));
+        manager->slot_UpgradeFWStarted();
+        manager->slot_UpgradeFWStarted(); // refused
+        QTRY_VERIFY(heard.contains("restart?"));
+        QVERIFY(console.endsWith(
+            "jsumdownload\nfirmware/flashupgrade.bin\nfirmware/flashdata.bin\n-v\n"));
+        QVERIFY(console.startsWith("A firmware update is already running."));
+        QCOMPARE(progress.first().first().toInt(), 1);
+    }
+
+    void anErrorSilencesChecksUntilItIsCleared()
+    {
+        makeManager("[ $1 = jsumdownload ] && echo bad >&2; exit 0");
+        manager->slot_UpgradeFWStarted();
+        QTRY_VERIFY(!manager->isUpdating());
+        heard.clear();
+        manager->slot_CheckFWFinished(0);
+        QCOMPARE(heard, QStringList{"match"});
+        heard.clear();
+        manager->slotSetErrorOccurredToFalse();
+        manager->slot_CheckFWFinished(0);
+        QCOMPARE(heard, QStringList({"complete", "match", "match"}));
+    }
+
+    void aNewUpdateStartsWithoutTheOldError()
+    {
+        makeManager("[ -e again ] || echo bad >&2; touch again");
+        manager->slot_UpgradeFWStarted();
+        QTRY_VERIFY(!manager->isUpdating());
+        manager->slot_UpgradeFWStarted();
+        QTRY_VERIFY(!manager->isUpdating());
+        QCOMPARE(heard, QStringList({"error:bad", "complete", "restart?"}));
+    }
+
+    void waitsForARunningUpdate()
+    {
+        makeManager("sleep 0.3");
+        QVERIFY(manager->waitForUpdate(0)); // none runs
+        manager->slot_UpgradeFWStarted();
+        QVERIFY(!manager->waitForUpdate(1));
+        QVERIFY(manager->waitForUpdate(5000));
+        QCOMPARE(heard, QStringList({"complete", "restart?"}));
+    }
+};
+
+QTEST_MAIN(TestFirmwareUpdateManager)
+#include "tst_firmwareupdatemanager.moc"

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "midiports.h"
+
+#include <QByteArray>
+#include <QList>
+
+// Stands for all MIDI hardware: the test sets which ports the system lists, and reads what was sent
+// to them.
+class FakePorts : public MidiPorts
+{
+public:
+    struct Sent {
+        QString identifier;
+        QByteArray bytes;
+    };
+
+    QList<MidiPortInfo> inputList;
+    QList<MidiPortInfo> outputList;
+    QList<Sent> sent;
+    QStringList openInputs; // identifiers, in the order of opening
+    QStringList openOutputs;
+    bool refuseToOpen = false;
+    QStringList audioNames{QStringLiteral("J-Sum")};
+
+    static QList<MidiPortInfo> named(const QStringList& names)
+    {
+        QList<MidiPortInfo> list;
+        for (const QString& name : names)
+            list.append({name, QStringLiteral("id-%1-%2").arg(list.size()).arg(name)});
+        return list;
+    }
+    void plug(const QStringList& names) { inputList = outputList = named(names); }
+    void unplug() { plug({}); }
+
+    QList<QByteArray> sentBytes() const
+    {
+        QList<QByteArray> bytes;
+        for (const auto& message : sent)
+            bytes.append(message.bytes);
+        return bytes;
+    }
+
+    QList<MidiPortInfo> inputs() override { return inputList; }
+    QList<MidiPortInfo> outputs() override { return outputList; }
+    std::unique_ptr<MidiInputPort> openInput(const QString& identifier,
+                                             juce::MidiInputCallback*) override
+    {
+        if (refuseToOpen)
+            return nullptr;
+        return std::make_unique<Input>(*this, identifier);
+    }
+    std::unique_ptr<MidiOutputPort> openOutput(const QString& identifier) override
+    {
+        if (refuseToOpen)
+            return nullptr;
+        return std::make_unique<Output>(*this, identifier);
+    }
+    QStringList audioOutputNames() override { return audioNames; }
+
+private:
+    class Input : public MidiInputPort
+    {
+    public:
+        Input(FakePorts& owner, const QString& id)
+            : ports(owner)
+            , identifier(id)
+        {
+            ports.openInputs.append(identifier);
+        }
+        ~Input() override { ports.openInputs.removeOne(identifier); }
+        void start() override { }
+        void stop() override { }
+
+    private:
+        FakePorts& ports;
+        QString identifier;
+    };
+
+    class Output : public MidiOutputPort
+    {
+    public:
+        Output(FakePorts& owner, const QString& id)
+            : ports(owner)
+            , identifier(id)
+        {
+            ports.openOutputs.append(identifier);
+        }
+        ~Output() override { ports.openOutputs.removeOne(identifier); }
+        void sendMessageNow(const juce::MidiMessage& message) override
+        {
+            ports.sent.append({identifier,
+                               QByteArray(reinterpret_cast<const char*>(message.getRawData()),
+                                          message.getRawDataSize())});
+        }
+
+    private:
+        FakePorts& ports;
+        QString identifier;
+    };
+};

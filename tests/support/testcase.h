@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QObject>
+#include <QRegularExpression>
+#include <QTest>
+
+// The base of every test class: a string connection that Qt could not make, which it only warns of,
+// fails the test in which it happens.
+class TestCase : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("^QObject::(dis)?connect")));
+        prepare();
+    }
+
+protected:
+    // What a test class does before each test function.
+    virtual void prepare() { }
+};
