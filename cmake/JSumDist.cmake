@@ -5,7 +5,8 @@ set(JSUM_DIST_DIR "${PROJECT_BINARY_DIR}/dist")
 
 add_custom_target(jsum_dist ALL
   COMMAND "${CMAKE_COMMAND}"
-    "-DSOURCE=${PROJECT_SOURCE_DIR}/resources"
+    "-DWRITTEN=${PROJECT_SOURCE_DIR}/resources"
+    "-DGENERATED=${PROJECT_BINARY_DIR}/shipped"
     "-DTARGET=${JSUM_DIST_DIR}/resources"
     "-DMANIFEST=${PROJECT_BINARY_DIR}/shipped.txt"
     -P "${PROJECT_SOURCE_DIR}/cmake/ship.cmake"
