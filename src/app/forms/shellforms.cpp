@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QWidget>
@@ -14,7 +15,7 @@ namespace
 
 constexpr int margin = 16;
 constexpr int buttonHeight = 28;
-constexpr int buttonWidth = 96;
+constexpr int buttonWidth = 104;
 
 QLabel* addLabel(QWidget* parent, const char* name, const QString& text, const QRect& place)
 {
@@ -154,10 +155,12 @@ void FwOutOfDateDialogForm::setupUi(QWidget* dialog)
 void FwForceDialogForm::setupUi(QWidget* dialog)
 {
     setupDialog(dialog, "fwForceDialogForm", QStringLiteral("Force Firmware Update"));
-    addLabel(dialog, "question", QStringLiteral("Are you sure that you want to install"),
+    addLabel(dialog, "question", QStringLiteral("Do you want to install"),
              {margin, 52, dialog->width() - 2 * margin, 20})
         ->setAlignment(Qt::AlignCenter);
-    version = addLabel(dialog, "version", {}, {margin, 74, dialog->width() - 2 * margin, 20});
+    // Until a check has told the version.
+    version = addLabel(dialog, "version", QStringLiteral("the firmware of this editor?"),
+                       {margin, 74, dialog->width() - 2 * margin, 20});
     version->setAlignment(Qt::AlignCenter);
     update =
         addButton(dialog, "update", QStringLiteral("Update"), 0,
@@ -192,9 +195,17 @@ void FwProgressDialogForm::setupUi(QWidget* dialog)
 void FwErrorDialogForm::setupUi(QWidget* dialog)
 {
     setupDialog(dialog, "fwErrorDialogForm", QStringLiteral("Firmware Error"));
-    errorMsg = addLabel(dialog, "errorMsg", {}, {margin, 44, dialog->width() - 2 * margin, 62});
+    // A tool's complaint may be of any length.
+    auto* scroll = new QScrollArea(dialog);
+    scroll->setObjectName(QStringLiteral("errorScroll"));
+    scroll->setGeometry(margin, 46, dialog->width() - 2 * margin, 60);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    errorMsg = addLabel(dialog, "errorMsg", {}, {});
     errorMsg->setWordWrap(true);
     errorMsg->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
+    scroll->setWidget(errorMsg);
     update = addButton(dialog, "update", QStringLiteral("Restart J-Sum"), 0,
                        QStringLiteral("Restart the mixer; its firmware is then checked again."));
     cancel = addButton(dialog, "cancel", QStringLiteral("Cancel"), 1,
