@@ -36,6 +36,27 @@ QString formatFwVersion(const QString& packed)
         .arg(padded.mid(4, 2).toInt());
 }
 
+// Laying out one endless line would stop the window for minutes.
+constexpr int longestLine = 1000;
+
+// The text with a line end wherever a line would grow beyond longestLine; column is where it
+// begins.
+QString breakLongLines(const QString& text, int column)
+{
+    QString broken;
+    broken.reserve(text.size() + text.size() / longestLine);
+    for (const QChar character : text) {
+        const bool endsLine = character == QLatin1Char('\n');
+        if (!endsLine && column >= longestLine) {
+            broken += QLatin1Char('\n');
+            column = 0;
+        }
+        broken += character;
+        column = endsLine ? 0 : column + 1;
+    }
+    return broken;
+}
+
 struct VersionText {
     qsizetype begin = -1;
     qsizetype end = -1;
@@ -136,7 +157,7 @@ void ViewManager::slotAddTextToFwConsole(QString text)
         cursor.insertText(QDateTime::currentDateTime().toString(Qt::TextDate) + QLatin1Char('\n'));
     }
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(text.right(consoleLimit));
+    cursor.insertText(breakLongLines(text.right(consoleLimit), cursor.positionInBlock()));
     const int excess = console->document()->characterCount() - consoleLimit;
     if (excess > 0) {
         cursor.setPosition(0);

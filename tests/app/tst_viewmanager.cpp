@@ -327,9 +327,13 @@ private slots:
         open();
         QFile log("resources/fwLog.txt");
         QCOMPARE(log.size(), 0);
+        // While it is shown, a line without an end must not stop the window.
+        dialog("fwProgressDialogForm")->show();
         const QString line(1 << 16, QChar('x'));
-        for (int i = 0; i < 40; ++i)
+        for (int i = 0; i < 40; ++i) {
             emit window->sysex()->signalConsoleText(line);
+            QCoreApplication::processEvents();
+        }
         emit window->sysex()->signalConsoleText(QString(QChar(0)) + "<i>end</i>\n");
         const QString shown = find<QTextEdit>("console")->toPlainText();
         QVERIFY(shown.size() <= 256 * 1024);
