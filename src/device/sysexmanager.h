@@ -1,5 +1,6 @@
 #pragma once
 
+#include "codecresult.h"
 #include "midimanager.h"
 #include "sysexframe.h"
 
@@ -26,6 +27,8 @@ public:
     static constexpr int fwQueryIntervalMs = 3000;
 
     bool isConnected() const { return connected; }
+    // While set, each parameter sent may first move the mixer's mode to where it can be seen.
+    void setViewChangingEnabled(bool enabled) { viewChangingEnabled = enabled; }
     FirmwareUpdateManager* firmware() const { return firmwareManager; }
     MidiManager* midi() const { return midiManager; }
 
@@ -45,6 +48,18 @@ public slots:
     // channelNum: a channel identifier; 10 and above are modes to the mixer.
     void slotSendChannelSelect(int channelNum);
     void slotSaveGlobalParamsToFlash();
+
+    // Set one parameter on the mixer, by its name; any value of 32 bits. A name that has no wire
+    // form is dropped with a debug line.
+    void slotSendPresetParameters(QString parameterName, int dataValue);
+    void slotSendGlobalParameters(QString parameterName, int dataValue);
+    void slotSendMidiParameters(QString parameterName, int dataValue);
+    // syxData: the eleven bytes between 0xF0 and 0xF7. Bad identifiers are dropped with a debug
+    // line.
+    void slotReceivePresetParameters(uchar* syxData);
+    void slotReceiveGlobalParameters(uchar* syxData);
+    void slotReceiveMidiParameters(int ctrlType, int ctrlTypeNum, int bankNum, int msgType,
+                                   int value);
 
     void slotUpdateInputDeviceName(QString newInputDeviceName, QString newControlInputDeviceName);
     void slotUpdateOutputDeviceName(QString newOutputDeviceName,
@@ -84,6 +99,16 @@ signals:
     void signalHideDisableWidget();
     void signalHideProgressWidget();
 
+    // A parameter changed on the mixer, or a slot is being sent. Whoever moves a control for it
+    // must not send it back. A MIDI channel comes one lower than its name's value.
+    void signalReceiveMainwindowPresetParams(QString jsonName, int value);
+    void signalReceiveChannelStripParams(QString jsonName, int value);
+    void signalReceiveReverbParams(QString jsonName, int value);
+    void signalReceiveSurroundParams(QString jsonName, int value);
+    void signalReceiveMainwindowGlobalParams(QString jsonName, int value);
+    void signalReceiveUSBParams(QString jsonName, int value);
+    void signalReceiveMidiParams(QString jsonName, int value);
+
     // From the mixer's control surface and the HUI host; channels, and on the mixer's side also
     // controllers and notes, count from 0.
     void signalReceiveCCsForHUI(int channel, int controller, int value);
@@ -112,6 +137,8 @@ private:
     void connectFirmwareManager();
     void sendFrame(sysex::Type type, const sysex::Payload& payload = {});
     void sendChannelSelectFrame(int channelNum);
+    void sendEncoded(sysex::Type type, const sysex::Encoded& message);
+    void emitGlobal(const sysex::Decoded& parameter);
     int modeForParameter(const QString& jsonName) const;
 
     void receiveSysex(const MidiMessage& message);

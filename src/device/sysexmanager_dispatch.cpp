@@ -45,7 +45,10 @@ void SysexManager::receiveSysex(const MidiMessage& message)
         receiveSlotTransfer(payload);
         return;
     case sysex::Incoming::PresetParameter:
+        slotReceivePresetParameters(const_cast<uchar*>(bytes));
+        return;
     case sysex::Incoming::GlobalParameter:
+        slotReceiveGlobalParameters(const_cast<uchar*>(bytes));
         return;
     case sysex::Incoming::GoToSyncPreset:
         emit signalReceiveGoToSyncPreset(0);

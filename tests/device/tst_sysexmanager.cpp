@@ -317,6 +317,83 @@ private slots:
         QTEST(sent, "sent");
     }
 
+    void parametersAreSentByName()
+    {
+        const auto sendAll = [this] {
+            ports->sent.clear();
+            manager->slotSendPresetParameters("channelstrip_ch1_aux2_routing_send_level", 8938);
+            manager->slotSendGlobalParameters("ch3_line_phono", 1);
+            manager->slotSendGlobalParameters("miditab_bank2_channel", 5);
+            manager->slotSendMidiParameters("miditab_button12_toggle", 1);
+            QList<QByteArray> bytes;
+            for (const QByteArray& message : ports->sentBytes())
+                bytes.append(message.mid(5, 7).toHex());
+            return bytes;
+        };
+        QCOMPARE(sendAll(), QList<QByteArray>()); // not connected
+        connectMixer();
+        QCOMPARE(sendAll(),
+                 QList<QByteArray>(
+                     {"0202010b26456a", "03060300270001", "03050000020004", "0305040c000301"}));
+        manager->setViewChangingEnabled(true);
+        manager->slotSendChannelSelect(13);                        // phones are a mode
+        QCOMPARE(sendAll().first(), QByteArray("0500000000000b")); // first to aux 2
+    }
+
+    void receivedParametersReachTheirPage_data()
+    {
+        QTest::addColumn<QByteArray>("hex");
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("value");
+        QTest::newRow("fader") << QByteArray("0201010004456a") << "faders"
+                               << "faderframe_ch1_fader" << 8938;
+        QTest::newRow("strip") << QByteArray("0202090019007f") << "strips"
+                               << "channelstrip_mains_gate_thresh" << 127;
+        QTest::newRow("reverb") << QByteArray("02030000200768") << "reverb"
+                                << "reverbtab_decay_time" << 1000;
+        QTest::newRow("surround") << QByteArray("03040100310003") << "surround"
+                                  << "surroundtab_ch1_assign" << 3;
+        QTest::newRow("setting") << QByteArray("030601003e0001") << "settings"
+                                 << "ch1_phantom" << 1;
+        QTest::newRow("usb") << QByteArray("03070800410001") << "usb"
+                             << "usbtab_ch8_output_prepost" << 1;
+        QTest::newRow("mapping") << QByteArray("03050401010214") << "midi"
+                                 << "miditab_button01_bank1_note" << 20;
+        QTest::newRow("no such channel") << QByteArray("02010e00040000") << ""
+                                         << "" << 0;
+    }
+    void receivedParametersReachTheirPage()
+    {
+        QFETCH(QByteArray, hex);
+        connectMixer();
+        const QMap<QString, const char*> pages{
+            {"faders", SIGNAL(signalReceiveMainwindowPresetParams(QString, int))},
+            {"strips", SIGNAL(signalReceiveChannelStripParams(QString, int))},
+            {"reverb", SIGNAL(signalReceiveReverbParams(QString, int))},
+            {"surround", SIGNAL(signalReceiveSurroundParams(QString, int))},
+            {"settings", SIGNAL(signalReceiveMainwindowGlobalParams(QString, int))},
+            {"usb", SIGNAL(signalReceiveUSBParams(QString, int))},
+            {"midi", SIGNAL(signalReceiveMidiParams(QString, int))}};
+        std::map<QString, std::unique_ptr<QSignalSpy>> spies;
+        for (auto page = pages.begin(); page != pages.end(); ++page)
+            spies[page.key()] = std::make_unique<QSignalSpy>(manager.get(), page.value());
+        receive("f000015f23" + hex + "f7");
+        QStringList heard;
+        QVariantList arguments;
+        for (const auto& [page, spy] : spies) {
+            for (const auto& emission : *spy) {
+                heard << page;
+                arguments = emission;
+            }
+        }
+        QTEST(heard.join(','), "page");
+        QFETCH(QString, name);
+        QFETCH(int, value);
+        if (!name.isEmpty())
+            QCOMPARE(arguments, QVariantList({name, value}));
+    }
+
     void controlSurfaceAndHost()
     {
         connectMixer();
