@@ -112,12 +112,12 @@ void MainForm::setupUi(QWidget* window)
 void AboutDialogForm::setupUi(QWidget* dialog)
 {
     setupDialog(dialog, "aboutDialogForm", QStringLiteral("About J-Sum Editor"));
-    QLabel* editor = addNamedValue(dialog, "editorVersion", QStringLiteral("Editor version"), 46);
+    QLabel* editor = addNamedValue(dialog, "editorVersion", QStringLiteral("Editor version"), 44);
     editor->setText(QCoreApplication::applicationVersion());
-    portName = addNamedValue(dialog, "portName", QStringLiteral("Connected to"), 68);
+    portName = addNamedValue(dialog, "portName", QStringLiteral("Connected to"), 65);
     portName->setText(QStringLiteral("not connected"));
-    fw_found = addNamedValue(dialog, "fw_found", QStringLiteral("Firmware found"), 90);
-    expected = addNamedValue(dialog, "expected", QStringLiteral("Firmware expected"), 112);
+    fw_found = addNamedValue(dialog, "fw_found", QStringLiteral("Firmware found"), 86);
+    expected = addNamedValue(dialog, "expected", QStringLiteral("Firmware expected"), 107);
     ok = addButton(dialog, "ok", QStringLiteral("OK"), 0, QStringLiteral("Close this window."));
 }
 
@@ -215,12 +215,12 @@ void FwErrorDialogForm::setupUi(QWidget* dialog)
 void RestartDialogForm::setupUi(QWidget* dialog)
 {
     setupDialog(dialog, "restartDialogForm", QStringLiteral("Restart Your J-Sum"));
-    QLabel* image = addLabel(dialog, "image", {}, {(dialog->width() - 96) / 2, 38, 96, 64});
+    QLabel* image = addLabel(dialog, "image", {}, {(dialog->width() - 84) / 2, 36, 84, 56});
     image->setPixmap(QIcon(QStringLiteral(":/ui_images/ui_images/restart_jsum.svg"))
-                         .pixmap(QSize(96, 64), dialog->devicePixelRatioF()));
+                         .pixmap(QSize(84, 56), dialog->devicePixelRatioF()));
     addRichLabel(dialog, "body",
                  QStringLiteral("Please restart your J-Sum and wait for the board to reconnect "
                                 "after updating. <br>(This may take a moment)"),
-                 {margin, 104, dialog->width() - 2 * margin, 72})
+                 {8, 96, dialog->width() - 16, 82})
         ->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
 }
