@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <QVariantMap>
+
+// Owns the global settings, which don't change with a preset: one map in one file, written half a
+// second after the last change. ViewManager owns it.
+//
+// A failed read or write leaves a debug line and nothing else. In demo mode nothing is written.
+class GlobalPresetInterface : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit GlobalPresetInterface(QObject* parent = nullptr);
+
+    // Written by ViewManager before the path is computed: whether the file is in resourcesFolder,
+    // which ends in a slash, and not in the working directory.
+    QString resourcesFolder;
+    bool useResourcesFolder = false;
+
+    // A control that changes a global value starts the timer with 1 ms if it isn't active, and sets
+    // the count of its ticks to 0.
+    QTimer* const globalSaveTimer;
+    int globalSaveTicks = 0;
+
+    // The whole document: one key "Global" around the parameters. Empty without a file.
+    const QVariantMap& document() const { return globalMap; }
+
+public slots:
+    void slotSetJSONPath();
+    // Also puts right what a crash left of the file, and makes its daily copy.
+    void slotReadGlobal();
+    void slotWriteGlobal();
+    // Writes a file of factory values.
+    void slotWriteDefaultGlobal();
+    // Stores without writing.
+    void slotStoreGlobal(QString name, QVariant value);
+    void slotRecallGlobal();
+    void slotSaveGlobalTimeout();
+    void slotExportGlobalMap();
+    // map: a whole document.
+    void slotImportGlobalMap(QVariantMap map);
+    // Replaces all values by those of the blank template, brought into line with the factory map's
+    // keys.
+    void slotClearGlobalPreset();
+    void slotConstructGlobalDefaultMap();
+    // Leaving demo mode drops what was changed in it and reads the file again.
+    void slotSetDemoModeEnabled(bool enabled);
+
+signals:
+    // Nothing raises it; the controls' own signals store.
+    void signalStoreValue(QString name, QVariant value);
+    // The parameters, with nothing around them.
+    void signalRecallGlobal(QVariantMap preset);
+    // The whole document.
+    void signalExportGlobalMap(QVariantMap map);
+
+private:
+    QString pathOf(const QString& fileName) const;
+    void setParameters(const QVariantMap& parameters);
+
+    QVariantMap globalMap;
+    QVariantMap defaultGlobalMap;
+    QString jsonPath;
+    bool demoMode = false;
+    QVariantMap globalMapBeforeDemo;
+};

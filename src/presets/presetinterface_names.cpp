@@ -1,0 +1,67 @@
+#include "presetinterface.h"
+
+#include "presetnames.h"
+
+namespace
+{
+
+// Without a number of up to three digits behind " copy". A bare " copy" stays: its space stands
+// nearer to the end than those that are looked for.
+QString withoutCopyNumber(const QString& name)
+{
+    if (!name.contains(QStringLiteral(" copy")))
+        return name;
+    for (const qsizetype length : {6, 7, 8}) {
+        if (name.size() >= length && name.at(name.size() - length) == QLatin1Char(' '))
+            return name.chopped(length);
+    }
+    return name;
+}
+
+QString copyName(const QString& name, int number)
+{
+    // In one call: a place mark within the name is not replaced then.
+    return QStringLiteral("%1 copy%2").arg(name, QString::number(number));
+}
+
+// What a setlist's menu offers beside the presets can't be a preset's name.
+QString unreserved(const QString& name)
+{
+    if (name == QStringLiteral("[Off]") || name == QStringLiteral("[OFF]"))
+        return QStringLiteral("off");
+    if (name == QStringLiteral("[DEFAULT]"))
+        return QStringLiteral("default");
+    return name;
+}
+
+} // namespace
+
+QString PresetInterface::slotAppendSuffixToNewPresetName(QString name)
+{
+    name = unreserved(name);
+    const int count = presetCount();
+    if (count == 0)
+        return name;
+
+    // Once more: "[OFF] copy1" is a reserved name again without its number.
+    name = unreserved(withoutCopyNumber(name));
+    QStringList namesInUse;
+    int alike = 0;
+    for (int presetNum = 0; presetNum < count; ++presetNum) {
+        const QString used = nameOfPreset(savedPreset(presetNum));
+        namesInUse.append(used);
+        if (withoutCopyNumber(used) == name)
+            ++alike;
+    }
+    if (alike == 0)
+        return name;
+
+    QString result = copyName(name, alike);
+    const QString beforeNumber = QStringLiteral("%1 copy").arg(name);
+    if (namesInUse.contains(result)) {
+        int number = QString(result).remove(beforeNumber).toInt();
+        while (namesInUse.contains(result))
+            result = copyName(name, ++number);
+    }
+    return result;
+}

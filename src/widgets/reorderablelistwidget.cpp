@@ -1,0 +1,6 @@
+#include "reorderablelistwidget.h"
+
+ReorderableListWidget::ReorderableListWidget(QWidget* parent)
+    : QListWidget(parent)
+{
+}

@@ -1,0 +1,73 @@
+#include "librarytext.h"
+#include "testcase.h"
+
+#include <QJsonDocument>
+
+class TestLibraryText : public TestCase
+{
+    Q_OBJECT
+
+    static QByteArray wanted(const QVariantMap& library)
+    {
+        return QJsonDocument::fromVariant(library).toJson(QJsonDocument::Indented);
+    }
+
+private slots:
+    void sameBytes_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        // JSON in single quotes, to be readable here.
+        const auto row = [](const char* name, QByteArray json) {
+            QTest::newRow(name) << json.replace('\'', '"');
+        };
+        row("nothing", "{}");
+        row("one value", "{'Preset_000':{'preset_name':'A','x':3000}}");
+        row("names of users",
+            "{'Preset_000':{'preset_name':'\\'50%2\\' \\\\ mix\\n\\u0001\\t/'},"
+            "'Preset_001':{'preset_name':'Größe 音 😀 \\uD800'}}");
+        row("numbers",
+            "{'Preset_000':{'a':1e300,'b':0.1,'c':-0.0,'d':9007199254740993,"
+            "'e':18446744073709551615,'f':3000.0,'g':true,'h':null}}");
+        row("nested and empty",
+            "{'Preset_000':{},'Preset_001':{'x':{},'y':[],'z':[1,{'a':[{}]}]},"
+            "'Preset_002':[{'q':1}],'Preset_003':null,'Preset_004':'text'}");
+        // Beyond the first plane the order by UTF-16 is not that of the code points.
+        row("strange keys",
+            "{'':{'':1},'\\'k\\\\ey\\'':{'a':1},'😀':{'😀':1,'\\uFFFD':2},'\\uFFFD':2,'Preset_1':3}");
+    }
+    void sameBytes()
+    {
+        QFETCH(QByteArray, json);
+        const QJsonDocument document = QJsonDocument::fromJson(json);
+        QVERIFY(document.isObject());
+        QVariantMap library = document.toVariant().toMap();
+        LibraryText text;
+        QCOMPARE(text.textOf(library), wanted(library));
+        QCOMPARE(text.textOf(library), wanted(library)); // from what was kept
+        library.insert("Preset_000", QVariantMap{{"preset_name", "changed"}});
+        QCOMPARE(text.textOf(library), wanted(library));
+    }
+
+    void followsChanges()
+    {
+        QVariantMap library;
+        for (int i = 0; i < 5; ++i)
+            library.insert(QString("Preset_00%1").arg(i),
+                           QVariantMap{{"preset_name", i}, {"x", i}});
+        LibraryText text;
+        text.textOf(library);
+
+        // In place, through the variant that holds the map: the kept map must have kept its own
+        // data.
+        static_cast<QVariantMap*>(library["Preset_001"].data())->insert("x", 77);
+        QCOMPARE(text.textOf(library), wanted(library));
+        library.insert("Preset_000", library.take("Preset_004"));
+        library.insert("Preset_002", library.value("Preset_003"));
+        QCOMPARE(text.textOf(library), wanted(library));
+        library.clear();
+        QCOMPARE(text.textOf(library), QByteArray("{\n}\n"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestLibraryText)
+#include "tst_librarytext.moc"
