@@ -1,8 +1,11 @@
 // ViewManager's construction, wiring, key rules and end.
 #include "viewmanager.h"
 
+#include "definitions.h"
 #include "firmwareupdatemanager.h"
 #include "fullpowerview.h"
+#include "globalpresetinterface.h"
+#include "presetinterface.h"
 #include "sysexmanager.h"
 
 #include <QCloseEvent>
@@ -34,7 +37,11 @@ ViewManager::ViewManager(QWidget* parent)
 
 ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent)
     : QMainWindow(parent)
+    // In this order: each store and handler takes what stands before it.
+    , definitions(new Definitions(this))
     , sysexManager(new SysexManager(this, std::move(ports)))
+    , presetInterface(new PresetInterface)
+    , globalPresetInterface(new GlobalPresetInterface(this))
 {
     // A static library's resources are known only when somebody asks for them.
     Q_INIT_RESOURCE(compiled_in);
@@ -50,6 +57,7 @@ ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent)
     QCoreApplication::setOrganizationDomain(QStringLiteral("dorvane.example"));
     // Reads the names just set.
     settingsStore = new QSettings(this);
+    slotCreateResourcesFolder();
 
     form.setupUi(this);
     setCentralWidget(form.centralwidget);
@@ -70,12 +78,26 @@ ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent)
     QFontDatabase::addApplicationFont(QStringLiteral("./resources/futura-normal.ttf"));
     openFirmwareLog();
     slotConnectInterfaces();
+    connect(presetInterface, SIGNAL(signalAddTextToFwLogFile(QString)), this,
+            SLOT(slotAddTextToFwConsole(QString)));
+    presetInterface->slotUpdateJSONPath();
+    presetInterface->slotReadJSON();
+    globalPresetInterface->slotSetJSONPath();
+    globalPresetInterface->slotReadGlobal();
     slotInitMenuBar();
     connect(sysexManager, SIGNAL(signalPortConnectionText(QString)), aboutDialogForm.portName,
             SLOT(setText(QString)));
 }
 
 ViewManager::~ViewManager() = default;
+
+void ViewManager::slotCreateResourcesFolder()
+{
+    presetInterface->resourcesFolder = resourcesFolder;
+    presetInterface->useResourcesFolder = resourcesInAppData;
+    globalPresetInterface->resourcesFolder = resourcesFolder;
+    globalPresetInterface->useResourcesFolder = resourcesInAppData;
+}
 
 void ViewManager::setupDialogs()
 {
@@ -128,6 +150,10 @@ void ViewManager::slotConnectInterfaces()
     connect(sysexManager, SIGNAL(signalConnected(bool)), this, SLOT(slotInitAfterConnection(bool)));
     connect(sysexManager, SIGNAL(signalInitFullPowerMode()), this, SLOT(slotInitFullPowerView()));
     connect(sysexManager, SIGNAL(signalInitLowPowerMode()), this, SLOT(slotInitLowPowerView()));
+    connect(this, SIGNAL(signalSendGlobalParameter(QString, int)), sysexManager,
+            SLOT(slotSendGlobalParameters(QString, int)));
+    connect(this, SIGNAL(signalStoreGlobal(QString, QVariant)), globalPresetInterface,
+            SLOT(slotStoreGlobal(QString, QVariant)));
     connect(sysexManager, SIGNAL(signalExitDemoMode()), this, SLOT(slotExitDemoMode()));
     connect(form.enterDemoMode, SIGNAL(clicked()), this, SLOT(slotEnterDemoMode()));
     connect(fullPowerView, SIGNAL(signalFindAudioDeviceNames()), sysexManager,

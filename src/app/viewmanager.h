@@ -8,8 +8,11 @@
 
 #include <memory>
 
+class Definitions;
 class FullPowerView;
+class GlobalPresetInterface;
 class MidiPorts;
+class PresetInterface;
 class QAction;
 class QFile;
 class QMenu;
@@ -39,8 +42,12 @@ public:
     static constexpr int consoleLimit = 256 * 1024;
 
     SysexManager* sysex() const { return sysexManager; }
+    PresetInterface* presets() const { return presetInterface; }
+    GlobalPresetInterface* globals() const { return globalPresetInterface; }
 
 public slots:
+    // Creates no folder, in spite of its name: tells the stores where theirs is.
+    void slotCreateResourcesFolder();
     void slotConnectInterfaces();
     void slotInitMenuBar();
 
@@ -71,6 +78,8 @@ public slots:
     void slotSetFirmwareVersions(QString foundVersion, QString expectedVersion);
 
 signals:
+    void signalStoreGlobal(QString name, QVariant value);
+    void signalSendGlobalParameter(QString name, int value);
     void signalAppClosing();
     void signalReportMainWindowPos(int x, int y);
 
@@ -92,7 +101,11 @@ private:
     void writeFirmwareLog();
 
     QSettings* settingsStore = nullptr;
+    Definitions* definitions = nullptr;
     SysexManager* sysexManager = nullptr;
+    // Has no parent and is never deleted: it ends with the process.
+    PresetInterface* presetInterface = nullptr;
+    GlobalPresetInterface* globalPresetInterface = nullptr;
     ToolTipEventFilter toolTipFilter;
     FullPowerView* fullPowerView = nullptr;
     QWidget* fullPowerContainer = nullptr;
@@ -105,6 +118,9 @@ private:
     QWidget* fwProgressDialog = nullptr;
     QWidget* fwErrorDialog = nullptr;
     QWidget* restartDialog = nullptr;
+    // False in this program: files are found through the working directory.
+    bool resourcesInAppData = false;
+    QString resourcesFolder;
     QFile* fwLogFile = nullptr;
     // The check tool's output until both versions were found in it.
     QString fwCheckOutput;

@@ -2,6 +2,8 @@
 #include "viewmanager.h"
 
 #include "fullpowerview.h"
+#include "globalpresetinterface.h"
+#include "presetinterface.h"
 #include "sysexmanager.h"
 
 #include <QAction>
@@ -187,6 +189,8 @@ void ViewManager::slotEnterDemoMode()
 {
     demoModeEnabled = true;
     sysexManager->slotSetDemoModeEnabled(true);
+    presetInterface->slotSetDemoModeEnabled(true);
+    globalPresetInterface->slotSetDemoModeEnabled(true);
     fullPowerView->slotSetDemoModeEnabled(true);
     connect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotCloseDemoDialog()));
     connect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotInitFullPowerView()));
@@ -209,6 +213,8 @@ void ViewManager::slotExitDemoMode()
     demoModeEnabled = false;
     slotInitAfterConnection(false);
     sysexManager->slotSetDemoModeEnabled(false);
+    presetInterface->slotSetDemoModeEnabled(false);
+    globalPresetInterface->slotSetDemoModeEnabled(false);
     fullPowerView->slotSetDemoModeEnabled(false);
     disconnect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotCloseDemoDialog()));
     disconnect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotInitFullPowerView()));

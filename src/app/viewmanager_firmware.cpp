@@ -127,7 +127,9 @@ void ViewManager::connectFirmwareDialogs()
 
 void ViewManager::openFirmwareLog()
 {
-    fwLogFile = new QFile(QStringLiteral("resources/fwLog.txt"), this);
+    fwLogFile = new QFile(resourcesInAppData ? QStringLiteral("%1fwLog.txt").arg(resourcesFolder)
+                                             : QStringLiteral("resources/fwLog.txt"),
+                          this);
     slotClearFwLog();
 }
 

@@ -1,6 +1,8 @@
 #include "fakeports.h"
 #include "firmwareupdatemanager.h"
 #include "fullpowerview.h"
+#include "globalpresetinterface.h"
+#include "presetinterface.h"
 #include "sysexmanager.h"
 #include "testcase.h"
 #include "viewmanager.h"
@@ -435,6 +437,38 @@ private slots:
         QVERIFY(tipAppears());
         open();
         QVERIFY(action("Hide Tool Tips"));
+    }
+
+    void aDemoLeavesNoTraceInTheLibrary()
+    {
+        QVERIFY(QDir().mkpath("resources/presets"));
+        QFile library("resources/presets/jsum.json");
+        QVERIFY(library.open(QIODevice::WriteOnly));
+        const QByteArray before = "{\"Preset_000\":{\"faderframe_ch1_fader\":3000,"
+                                  "\"preset_name\":\"[CONNECTION SYNC]\"}}";
+        library.write(before);
+        library.close();
+        open();
+        const auto fader = [this] {
+            return window->presets()->workingPreset(0).value("faderframe_ch1_fader").toInt();
+        };
+        const auto changeAndSave = [this] {
+            window->presets()->slotStoreValue("faderframe_ch1_fader", 8938, 0);
+            window->presets()->slotSavePreset(0);
+            window->globals()->slotStoreGlobal("tone_gen_freq", 1000);
+            window->globals()->slotWriteGlobal();
+        };
+        QCOMPARE(fader(), 3000);
+        window->slotEnterDemoMode();
+        changeAndSave();
+        QCOMPARE(fader(), 8938);
+        plug(); // ends the demo
+        QCOMPARE(fader(), 3000);
+        QVERIFY(library.open(QIODevice::ReadOnly));
+        QCOMPARE(library.readAll(), before);
+        QVERIFY(!QFile::exists("resources/presets/global.json"));
+        changeAndSave();
+        QVERIFY(QFile::exists("resources/presets/global.json"));
     }
 
     void closingSaysGoodbye()
