@@ -6,7 +6,8 @@
 
 #include <cstring>
 
-namespace {
+namespace
+{
 
 void copyBare(benchmark::State& state)
 {
@@ -24,8 +25,8 @@ void buildFrame(benchmark::State& state)
     int value = 0;
     for (auto _ : state) {
         const auto bytes = sysex::encodeValue(++value);
-        auto frame = sysex::buildFrame(sysex::Type::PresetParameter,
-                                       {2, 1, 0, 15, bytes.high, bytes.low});
+        auto frame =
+            sysex::buildFrame(sysex::Type::PresetParameter, {2, 1, 0, 15, bytes.high, bytes.low});
         benchmark::DoNotOptimize(frame);
     }
 }
