@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
+
+// A jsum-simulator in a process of its own, driven by its line commands. What it prints, every
+// message both ways among it, is kept and can be waited for. Machines that emulate are slow: the
+// waits are long, and end at once when what they wait for is there.
+class SimulatorProcess
+{
+public:
+    static constexpr int patienceMs = 120000;
+
+    // program: the simulator. stateFile: where its memory lives.
+    SimulatorProcess(const QString& program, const QString& stateFile)
+    {
+        m_process.setProcessChannelMode(QProcess::MergedChannels);
+        m_program = program;
+        m_stateFile = stateFile;
+    }
+    ~SimulatorProcess() { stop(); }
+
+    bool start(const QStringList& more = {})
+    {
+        m_process.start(m_program, QStringList{"--headless", "--state", m_stateFile} + more);
+        return m_process.waitForStarted(patienceMs) && command("state");
+    }
+
+    void stop()
+    {
+        if (m_process.state() == QProcess::NotRunning)
+            return;
+        m_process.closeWriteChannel();
+        if (!m_process.waitForFinished(patienceMs))
+            m_process.kill();
+    }
+
+    // Whether the simulator took the command.
+    bool command(const QByteArray& line)
+    {
+        const auto before = m_lines.size();
+        m_process.write(line + '\n');
+        QString answer;
+        const bool answered = wait([&] {
+            for (auto i = before; i < m_lines.size(); ++i) {
+                if (m_lines[i].startsWith("ok") || m_lines[i].startsWith("error: "))
+                    answer = m_lines[i];
+            }
+            return !answer.isEmpty();
+        });
+        if (!answered || !answer.startsWith("ok"))
+            qWarning() << "simulator:" << line << answer;
+        return answered && answer.startsWith("ok");
+    }
+
+    // How many lines since the mark match.
+    int count(const QString& pattern)
+    {
+        read();
+        return int(m_lines.mid(m_mark).filter(QRegularExpression(pattern)).size());
+    }
+    bool waitFor(const QString& pattern, int times = 1)
+    {
+        return wait([&] { return count(pattern) >= times; });
+    }
+    // Forgets what was printed up to here.
+    void mark()
+    {
+        read();
+        m_mark = m_lines.size();
+    }
+    QStringList linesSinceMark() const { return m_lines.mid(m_mark); }
+
+private:
+    template <typename Condition> bool wait(Condition condition)
+    {
+        return QTest::qWaitFor(
+            [&] {
+                read();
+                return condition();
+            },
+            patienceMs);
+    }
+    void read()
+    {
+        m_rest += m_process.readAll();
+        for (auto end = m_rest.indexOf('\n'); end >= 0; end = m_rest.indexOf('\n')) {
+            m_lines.append(QString::fromUtf8(m_rest.left(end)));
+            m_rest.remove(0, end + 1);
+        }
+    }
+
+    QString m_program;
+    QString m_stateFile;
+    QProcess m_process;
+    QByteArray m_rest;
+    QStringList m_lines;
+    qsizetype m_mark = 0;
+};
