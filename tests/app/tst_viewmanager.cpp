@@ -388,34 +388,6 @@ private slots:
         QCOMPARE(find<QLabel>("fw_found")->text(), QString("1.2.4"));
     }
 
-    void forcedUpdateThatFailsOffersARestart()
-    {
-        open();
-        plug();
-        action("Force Firmware Update")->trigger();
-        QVERIFY(dialog("fwForceDialogForm")->isVisible());
-        press("fwForceDialogForm", "update"); // there is no tool
-        QTRY_VERIFY(dialog("fwErrorDialogForm")->isVisible());
-        QVERIFY(!dialog("fwProgressDialogForm")->isVisible());
-        ports->sent.clear();
-        press("fwErrorDialogForm", "update");
-        QCOMPARE(ports->sentBytes(),
-                 QList<QByteArray>{QByteArray::fromHex("f000015f230e000000000000f7")});
-        QVERIFY(!dialog("fwErrorDialogForm")->isVisible() && !sheet()->isVisible());
-    }
-
-    void progressIsShownOnlyWhileItsDialogIsOpen()
-    {
-        open();
-        auto* bar = find<QProgressBar>("progressBar");
-        bar->setValue(0);
-        window->slotSetFwProgressBar(7);
-        QCOMPARE(bar->value(), 0);
-        dialog("fwProgressDialogForm")->show();
-        window->slotSetFwProgressBar(7);
-        QCOMPARE(bar->value(), 14);
-    }
-
     void toolTipsAreRemembered()
     {
         const auto tipAppears = [this] {
@@ -471,16 +443,6 @@ private slots:
         QVERIFY(QFile::exists("resources/presets/global.json"));
     }
 
-    void closingSaysGoodbye()
-    {
-        open();
-        plug();
-        ports->sent.clear();
-        window->close();
-        QCOMPARE(ports->sentBytes(),
-                 QList<QByteArray>{QByteArray::fromHex("f000015f237f000000000000f7")});
-    }
-
     void closingWaitsForARunningUpdate()
     {
         QFile tool("resources/dfucons.exe");
@@ -495,16 +457,6 @@ private slots:
         QVERIFY(!window->isVisible());
     }
 
-    void onlyMenusWithEntriesAreShown()
-    {
-        open();
-        QStringList titles;
-        for (QAction* menu : find<QMenuBar>("")->actions()) {
-            if (menu->isVisible())
-                titles << menu->text();
-        }
-        QCOMPARE(titles, QStringList({"Hardware", "Help"}));
-    }
 };
 
 QTEST_MAIN(TestViewManager)
