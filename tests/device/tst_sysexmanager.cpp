@@ -2,20 +2,20 @@
 #include "sysexmanager.h"
 #include "testcase.h"
 
+#include <QMetaMethod>
 #include <QSignalSpy>
+
+#include <functional>
 
 namespace
 {
 
 const QString mixer = QStringLiteral("J-Sum Audio Control");
 const QString surface = QStringLiteral("J-Sum Control Surface");
+const QString host = QStringLiteral("loopMIDI Port 1");
 const QStringList mixerPorts{mixer, surface};
 
-MidiMessage message(const char* hex)
-{
-    const QByteArray bytes = QByteArray::fromHex(hex);
-    return MidiMessage(bytes.constData(), int(bytes.size()));
-}
+using Send = std::function<void(SysexManager&)>;
 
 } // namespace
 
@@ -23,27 +23,60 @@ class TestSysexManager : public TestCase
 {
     Q_OBJECT
 
+    std::vector<std::unique_ptr<QSignalSpy>> spies;
     std::unique_ptr<SysexManager> manager;
     FakePorts* ports = nullptr;
 
+    // Every signal of the manager is listened to.
     void prepare() override
     {
         auto fake = std::make_unique<FakePorts>();
         ports = fake.get();
         manager = std::make_unique<SysexManager>(nullptr, std::move(fake));
+        qRegisterMetaType<uchar*>("uchar*");
+        const QMetaObject& meta = SysexManager::staticMetaObject;
+        spies.clear();
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+            if (meta.method(i).methodType() == QMetaMethod::Signal)
+                spies.push_back(std::make_unique<QSignalSpy>(manager.get(), meta.method(i)));
+        }
     }
 
-    void poll() { manager->midi()->slot_PollDevices(); }
+    // What was emitted since the last call, each "name argument argument", in the order in which
+    // the signals are declared.
+    QStringList heard()
+    {
+        QStringList texts;
+        for (const auto& spy : spies) {
+            for (const QVariantList& arguments : *spy) {
+                QStringList words{spy->signal().left(spy->signal().indexOf('('))};
+                for (const QVariant& argument : arguments)
+                    words.append(argument.toString());
+                texts.append(words.join(' '));
+            }
+            spy->clear();
+        }
+        return texts;
+    }
+
+    void plug(const QStringList& names)
+    {
+        ports->plug(names);
+        manager->midi()->slot_PollDevices();
+    }
     void connectMixer()
     {
-        ports->plug(mixerPorts);
-        poll();
+        plug(mixerPorts);
         QVERIFY(manager->isConnected());
-        ports->sent.clear();
+        heard();
     }
-    void receive(const char* hex, const QString& port = mixer)
+    void receive(const QByteArray& bytes, const QString& port = mixer)
     {
-        manager->slotReceiveMidiInput(port, message(hex));
+        manager->slotReceiveMidiInput(port, MidiMessage(bytes.constData(), int(bytes.size())));
+    }
+    static QByteArray framed(const QByteArray& hex)
+    {
+        return QByteArray::fromHex("f000015f23" + hex + "f7");
     }
 
 private slots:
@@ -51,420 +84,270 @@ private slots:
     {
         QTest::addColumn<QList<QStringList>>("inputsByPoll");
         QTest::addColumn<QList<QStringList>>("outputsByPoll");
+        using Polls = QList<QStringList>;
         const QStringList none;
         const QStringList other{"Other"};
-        QTest::newRow("together") << QList<QStringList>{mixerPorts}
-                                  << QList<QStringList>{mixerPorts};
-        QTest::newRow("inputs first")
-            << QList<QStringList>{mixerPorts, mixerPorts} << QList<QStringList>{none, mixerPorts};
-        QTest::newRow("outputs first")
-            << QList<QStringList>{none, mixerPorts} << QList<QStringList>{mixerPorts, mixerPorts};
+        const QStringList both = other + mixerPorts;
+        QTest::newRow("together") << Polls{mixerPorts} << Polls{mixerPorts};
+        QTest::newRow("inputs first") << Polls{mixerPorts, mixerPorts} << Polls{none, mixerPorts};
+        QTest::newRow("outputs first") << Polls{none, mixerPorts} << Polls{mixerPorts, mixerPorts};
         QTest::newRow("inputs first, beside another device")
-            << QList<QStringList>{other, other + mixerPorts, other + mixerPorts}
-            << QList<QStringList>{other, other, other + mixerPorts};
+            << Polls{other, both, both} << Polls{other, other, both};
     }
     void connectsInWhateverOrderThePortsArrive()
     {
         QFETCH(QList<QStringList>, inputsByPoll);
         QFETCH(QList<QStringList>, outputsByPoll);
-        QSignalSpy connectedSpy(manager.get(), SIGNAL(signalConnected(bool)));
-        QSignalSpy textSpy(manager.get(), SIGNAL(signalPortConnectionText(QString)));
         for (int i = 0; i < inputsByPoll.size(); ++i) {
             ports->inputList = FakePorts::named(inputsByPoll[i]);
             ports->outputList = FakePorts::named(outputsByPoll[i]);
-            poll();
+            manager->midi()->slot_PollDevices();
         }
-        QVERIFY(manager->isConnected());
+        auto emitted = heard();
+        QCOMPARE(emitted.filter("signalConnected").last(), "signalConnected true");
+        QCOMPARE(emitted.filter("Text").last(), "signalPortConnectionText Audio Control");
         QCOMPARE(ports->openInputs.size(), 1);
         QCOMPARE(ports->openOutputs.size(), 1);
-        QVERIFY(connectedSpy.last().first().toBool());
-        QCOMPARE(textSpy.last().first().toString(), QString("Audio Control"));
 
-        const auto changes = connectedSpy.count();
-        ports->inputList = ports->outputList =
-            FakePorts::named(mixerPorts + QStringList{"A keyboard"});
-        poll(); // somebody else's port
-        QCOMPARE(connectedSpy.count(), changes);
-
-        ports->unplug();
-        poll();
+        plug(mixerPorts + QStringList{"A keyboard"});
+        QCOMPARE(heard(), QStringList()); // somebody else's port
+        plug({});
         QVERIFY(!manager->isConnected());
-        QCOMPARE(connectedSpy.last().first().toBool(), false);
-        QCOMPARE(textSpy.last().first().toString(), QString("not connected"));
         QVERIFY(ports->openInputs.isEmpty());
-
-        ports->plug(mixerPorts);
-        poll();
+        emitted = heard();
+        QVERIFY(emitted.contains("signalConnected false"));
+        QVERIFY(emitted.contains("signalPortConnectionText not connected"));
+        ports->refuseToOpen = true;
+        plug(mixerPorts);
+        QVERIFY(!manager->isConnected());
+        QVERIFY(!heard().contains("signalConnected true"));
+        plug({});
+        ports->refuseToOpen = false;
+        plug(mixerPorts);
         QVERIFY(manager->isConnected());
         QCOMPARE(ports->openInputs.size(), 1);
     }
 
-    void aPortThatDoesNotOpenIsNoConnection()
+    // The last one in the system's order is used, though its outputs came before its inputs.
+    void aSecondMixerTakesOver()
     {
-        ports->plug(mixerPorts);
-        ports->refuseToOpen = true;
-        QSignalSpy connectedSpy(manager.get(), SIGNAL(signalConnected(bool)));
-        poll();
-        QCOMPARE(connectedSpy.count(), 1);
-        QCOMPARE(connectedSpy.first().first().toBool(), false);
+        connectMixer();
+        const QString second = "2- J-Sum Audio Control";
+        ports->outputList = FakePorts::named(mixerPorts + QStringList{second});
+        manager->midi()->slot_PollDevices();
+        ports->inputList = ports->outputList;
+        manager->midi()->slot_PollDevices();
+        ports->sent.clear();
+        manager->slotSendModeChange(1);
+        QCOMPARE(ports->sent.value(0).identifier, "id-2-" + second);
     }
 
     void theTimerQueriesUntilTheReplyAndEndsWithThePort()
     {
         connectMixer();
-        QSignalSpy start(manager.get(), SIGNAL(signalStartFwQueryTimer(int)));
-        QSignalSpy stop(manager.get(), SIGNAL(signalStopFwQueryTimer()));
-        QSignalSpy full(manager.get(), SIGNAL(signalInitFullPowerMode()));
         manager->slotSendFwQuery();
         manager->slotSendFwQuery(); // not the first of the process
-        QCOMPARE(ports->sentBytes().last(), QByteArray::fromHex("f000015f2300000000000000f7"));
-        QCOMPARE(start.last().first().toInt(), 3000);
+        QCOMPARE(ports->sentBytes().last(), framed("00000000000000"));
+        QCOMPARE(heard().last(), QString("signalStartFwQueryTimer 3000"));
 
         QTest::ignoreMessage(QtDebugMsg, "received fw version from control board \"1.a.3\"");
-        receive("f000015f2300000000010a03f7");
-        QCOMPARE(stop.count(), 1);
-        QCOMPARE(full.count(), 1);
-
-        ports->unplug();
-        poll();
-        QCOMPARE(stop.count(), 2);
-        receive("f000015f2300000000010a03f7"); // left in the queue
-        QCOMPARE(full.count(), 1);
-        QTest::ignoreMessage(QtDebugMsg, "fw version query not sent - no connection");
+        receive(framed("00000000010a03"));
+        QCOMPARE(heard(),
+                 (QStringList{"signalConnected true", "signalInitFullPowerMode",
+                              "signalStopFwQueryTimer"}));
+        plug({});
+        QCOMPARE(heard().last(), QString("signalStopFwQueryTimer"));
+        receive(framed("00000000010a03")); // left in the queue
         manager->slotSendFwQuery();
+        QCOMPARE(heard(), QStringList());
     }
 
-    void sendsLiteralBytes_data()
+    void sends_data()
     {
-        QTest::addColumn<int>("which");
-        QTest::addColumn<QList<QByteArray>>("bytes");
-        const auto row = [](const char* name, int which, QList<QByteArray> hex) {
-            for (auto& bytes : hex)
-                bytes = QByteArray::fromHex("f000015f23" + bytes + "f7");
-            QTest::newRow(name) << which << hex;
+        QTest::addColumn<QByteArrayList>("bodies");
+        QTest::addColumn<Send>("send");
+        const auto row = [](const QByteArrayList& bodies, const Send& send) {
+            QTest::newRow(bodies.join(' ').constData()) << bodies << send;
         };
-        row("save live memory", 0, {"090c0000000000"});
-        row("save slot L", 1, {"090b0000000000"});
-        row("request slot A, saving", 2, {"0a000100000000"});
-        row("mode", 3, {"0500000000000e"});
-        row("channel 9", 4, {"06000000000009"});
-        row("channel 12 is a mode", 5, {"0500000000000c"});
-        row("globals to flash", 6, {"0b000000000000"});
-        row("dsp updating off", 7, {"0c000000000000"});
-        row("stereo updating on", 8, {"0c010000010000"});
-        row("restart", 9, {"0e000000000000"});
-        row("comm end", 10, {"7f000000000000"});
-        row("from phones to a channel", 11, {"0500000000000d", "05000000000000", "06000000000002"});
-        row("no such slot", 12, {});
+        row({"090c0000000000"}, [](auto& m) { m.slotSendSaveToSlot(0); });
+        row({"090b0000000000"}, [](auto& m) { m.slotSendSaveToSlot(12); });
+        row({"0a000100000000"}, [](auto& m) { m.slotSendSinglePresetRequest(1, true); });
+        row({"0500000000000e"}, [](auto& m) { m.slotSendModeChange(14); });
+        row({"06000000000009"}, [](auto& m) { m.slotSendChannelSelect(9); });
+        row({"0500000000000d", "05000000000000", "06000000000002"}, [](auto& m) {
+            m.slotSendChannelSelect(13); // from phones back to a channel
+            m.slotSendChannelSelect(2);
+        });
+        row({"0b000000000000"}, [](auto& m) { m.slotSaveGlobalParamsToFlash(); });
+        row({"0c000000000000"}, [](auto& m) { m.slotSendDSPUpdatingStatus(false); });
+        row({"0c010000010000"}, [](auto& m) { m.slotSendStereoUpdatingStatus(true); });
+        row({"0e000000000000"}, [](auto& m) { m.slotSendRestartMessage(); });
+        row({"7f000000000000"}, [](auto& m) { m.slotSendSysexCommEndMessage(); });
+        row({"0202010b26456a"}, [](auto& m) {
+            m.slotSendPresetParameters("channelstrip_ch1_aux2_routing_send_level", 8938);
+        });
+        row({"03060300270001"}, [](auto& m) { m.slotSendGlobalParameters("ch3_line_phono", 1); });
+        row({"0305040c000301"},
+            [](auto& m) { m.slotSendMidiParameters("miditab_button12_toggle", 1); });
+        row({"0500000000000b", "0202010b02456a"}, [](auto& m) {
+            m.setViewChangingEnabled(true); // first to aux 2
+            m.slotSendPresetParameters("channelstrip_ch1_aux2_routing_pre_post", 8938);
+        });
+        row({}, [](auto& m) {
+            m.slotSendSaveToSlot(13);
+            m.slotSendSinglePresetRequest(-1, false);
+        });
     }
-    void sendsLiteralBytes()
+    void sends()
     {
-        const auto send = [this](int which) {
-            switch (which) {
-            case 0:
-                return manager->slotSendSaveToSlot(0);
-            case 1:
-                return manager->slotSendSaveToSlot(12);
-            case 2:
-                return manager->slotSendSinglePresetRequest(1, true);
-            case 3:
-                return manager->slotSendModeChange(14);
-            case 4:
-                return manager->slotSendChannelSelect(9);
-            case 5:
-                return manager->slotSendChannelSelect(12);
-            case 6:
-                return manager->slotSaveGlobalParamsToFlash();
-            case 7:
-                return manager->slotSendDSPUpdatingStatus(false);
-            case 8:
-                return manager->slotSendStereoUpdatingStatus(true);
-            case 9:
-                return manager->slotSendRestartMessage();
-            case 10:
-                return manager->slotSendSysexCommEndMessage();
-            case 11:
-                manager->slotSendChannelSelect(13);
-                return manager->slotSendChannelSelect(2);
-            case 12:
-                manager->slotSendSaveToSlot(13);
-                return manager->slotSendSinglePresetRequest(-1, false);
-            }
-        };
-        QFETCH(int, which);
-        send(which);
+        QFETCH(Send, send);
+        QFETCH(QByteArrayList, bodies);
+        send(*manager);
         QVERIFY(ports->sent.isEmpty()); // not connected
         connectMixer();
-        send(which);
-        QTEST(ports->sentBytes(), "bytes");
-    }
-
-    void demoModeDoesNotWaitForAnAnswer()
-    {
-        QSignalSpy sheet(manager.get(), SIGNAL(signalHideDisableWidget()));
-        QSignalSpy progress(manager.get(), SIGNAL(signalHideProgressWidget()));
-        QSignalSpy exit(manager.get(), SIGNAL(signalExitDemoMode()));
-        manager->slotSendSinglePresetRequest(0, false);
-        QCOMPARE(sheet.count(), 0);
-        manager->slotSetDemoModeEnabled(true);
-        manager->slotSendSinglePresetRequest(0, false);
-        QCOMPARE(sheet.count(), 1);
-        QCOMPARE(progress.count(), 1);
-        ports->plug(mixerPorts);
-        poll();
-        QCOMPARE(exit.count(), 1);
-        ports->unplug();
-        poll();
-        QCOMPARE(exit.count(), 1);
-    }
-
-    void slotTransfers_data()
-    {
-        QTest::addColumn<QByteArray>("hex");
-        QTest::addColumn<int>("live");
-        QTest::addColumn<QVariantList>("complete");
-        QTest::addColumn<QByteArray>("log");
-        const QVariantList none;
-        QTest::newRow("begin") << QByteArray("f000015f230a000001f7") << 0 << none
-                               << QByteArray("receiving slot number 1 from the board");
-        QTest::newRow("live memory") << QByteArray("f000015f230a0c0101f7") << 1 << none
-                                     << QByteArray("finished receiving live memory preset");
-        QTest::newRow("slot, to be saved")
-            << QByteArray("f000015f230a0b0101f7") << 0 << QVariantList{12, true}
-            << QByteArray("finished receiving slot 12 it should now save");
-        QTest::newRow("slot, not saved")
-            << QByteArray("f000015f230a000100f7") << 0 << QVariantList{1, false}
-            << QByteArray("finished receiving slot 1 the preset should not save but read as dirty "
-                          "instead");
-        QTest::newRow("no such slot") << QByteArray("f000015f230a0d0100f7") << 0 << none
-                                      << QByteArray("sysex type code 10 size 8");
-    }
-    void slotTransfers()
-    {
-        QFETCH(QByteArray, hex);
-        QFETCH(QByteArray, log);
-        connectMixer();
-        QSignalSpy live(manager.get(), SIGNAL(signalLiveMemoryFinishedSyncing()));
-        QSignalSpy complete(manager.get(), SIGNAL(signalReceiveSinglePresetComplete(int, bool)));
-        QTest::ignoreMessage(QtDebugMsg, log.constData());
-        receive(hex.constData());
-        QTEST(int(live.count()), "live");
-        QTEST(complete.value(0), "complete");
-    }
-
-    void modes_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<int>("view"); // -1: nothing is signalled
-        QTest::addColumn<int>("channel");
-        for (int mode = 0; mode <= 127; ++mode) {
-            int view = -1;
-            if (mode <= 4 || mode == 14 || (mode >= 10 && mode <= 13))
-                view = 1;
-            if (mode == 5)
-                view = 2;
-            if (mode == 6)
-                view = 0;
-            QTest::addRow("%d", mode) << mode << view << (mode >= 10 && mode <= 13 ? mode : -1);
-        }
-    }
-    void modes()
-    {
-        QFETCH(int, mode);
-        connectMixer();
-        QSignalSpy view(manager.get(), SIGNAL(signalViewChange(int)));
-        QSignalSpy channel(manager.get(), SIGNAL(signalChannelSelect(int)));
-        QByteArray bytes = QByteArray::fromHex("f000015f230500f7");
-        bytes[6] = char(mode);
-        manager->slotReceiveMidiInput(mixer, MidiMessage(bytes.constData(), 8));
-        QTEST(view.isEmpty() ? -1 : view.first().first().toInt(), "view");
-        QTEST(channel.isEmpty() ? -1 : channel.first().first().toInt(), "channel");
+        QVERIFY(ports->sent.isEmpty());
+        send(*manager);
+        std::transform(bodies.begin(), bodies.end(), bodies.begin(), framed);
+        QCOMPARE(ports->sentBytes(), bodies);
     }
 
     void followsTheParameter_data()
     {
         QTest::addColumn<int>("before");
-        QTest::addColumn<QString>("name");
         QTest::addColumn<QList<int>>("sent"); // type and last byte, in turn
-        using Sent = QList<int>;
-        QTest::newRow("fader from reverb") << 5 << "faderframe_ch1_fader" << Sent{5, 0};
-        QTest::newRow("fader from eq stays") << 2 << "faderframe_ch1_fader" << Sent{};
-        QTest::newRow("trim") << 0 << "channelstrip_ch1_trim" << Sent{5, 14};
-        QTest::newRow("aux pan is pan") << 0 << "channelstrip_ch1_aux2_routing_pan" << Sent{5, 1};
-        QTest::newRow("eq") << 0 << "channelstrip_mains_eq_hi_gain" << Sent{5, 2};
-        QTest::newRow("compressor") << 0 << "channelstrip_ch1_compressor_gain" << Sent{5, 3};
-        QTest::newRow("gate") << 0 << "channelstrip_ch1_gate_gain" << Sent{5, 4};
-        QTest::newRow("aux send") << 0 << "channelstrip_ch8_aux3_routing_send_level" << Sent{5, 12};
-        QTest::newRow("aux fader") << 0 << "faderframe_aux1_fader" << Sent{5, 10};
-        QTest::newRow("phones") << 0 << "faderframe_phones_mute" << Sent{5, 13};
-        QTest::newRow("reverb") << 0 << "reverbtab_decay_time" << Sent{5, 5};
-        QTest::newRow("surround") << 0 << "surroundtab_enable" << Sent{5, 6};
-        QTest::newRow("nothing") << 0 << "tone_gen_freq" << Sent{};
-        QTest::newRow("mains from pan") << 1 << "channelstrip_mains_eq_hi_gain" << Sent{5, 2, 6, 9};
-        QTest::newRow("no aux number") << 0 << "x_aux" << Sent{};
+        const auto row = [](const char* name, int before, const QList<int>& sent) {
+            QTest::newRow(name) << before << sent;
+        };
+        row("faderframe_ch1_fader", 5, {5, 0});
+        row("faderframe_ch2_fader", 2, {}); // a mode with faders stays
+        row("channelstrip_ch1_trim", 0, {5, 14});
+        row("channelstrip_ch1_aux2_routing_pan", 0, {5, 1}); // goes before the aux
+        row("channelstrip_ch1_eq_hi_gain", 0, {5, 2});
+        row("channelstrip_ch1_compressor_gain", 0, {5, 3});
+        row("channelstrip_ch1_gate_gain", 0, {5, 4});
+        row("channelstrip_ch8_aux3_routing_send_level", 0, {5, 12});
+        row("faderframe_aux1_fader", 0, {5, 10});
+        row("faderframe_phones_mute", 0, {5, 13});
+        row("reverbtab_decay_time", 0, {5, 5});
+        row("surroundtab_enable", 0, {5, 6});
+        row("channelstrip_mains_eq_hi_gain", 1, {5, 2, 6, 9}); // leaving pan, selects mains
+        row("tone_gen_freq", 0, {});
+        row("x_aux", 0, {});
     }
     void followsTheParameter()
     {
         QFETCH(int, before);
-        QFETCH(QString, name);
         connectMixer();
         manager->slotSendModeChange(before);
         ports->sent.clear();
-        manager->slotFindModeChangeFromParameterName(name);
+        manager->slotFindModeChangeFromParameterName(QTest::currentDataTag());
         QList<int> sent;
         for (const QByteArray& bytes : ports->sentBytes())
             sent << bytes[5] << bytes[11];
         QTEST(sent, "sent");
     }
 
-    void parametersAreSentByName()
+    void demoModeDoesNotWaitForAnAnswer()
     {
-        const auto sendAll = [this] {
-            ports->sent.clear();
-            manager->slotSendPresetParameters("channelstrip_ch1_aux2_routing_send_level", 8938);
-            manager->slotSendGlobalParameters("ch3_line_phono", 1);
-            manager->slotSendGlobalParameters("miditab_bank2_channel", 5);
-            manager->slotSendMidiParameters("miditab_button12_toggle", 1);
-            QList<QByteArray> bytes;
-            for (const QByteArray& message : ports->sentBytes())
-                bytes.append(message.mid(5, 7).toHex());
-            return bytes;
+        manager->slotSendSinglePresetRequest(0, false);
+        QCOMPARE(heard(), QStringList());
+        manager->slotSetDemoModeEnabled(true);
+        manager->slotSendSinglePresetRequest(0, false);
+        QCOMPARE(heard(), (QStringList{"signalHideDisableWidget", "signalHideProgressWidget"}));
+        plug(mixerPorts);
+        QVERIFY(heard().contains("signalExitDemoMode"));
+        plug({});
+        QVERIFY(!heard().contains("signalExitDemoMode"));
+    }
+
+    void receives_data()
+    {
+        QTest::addColumn<QString>("port");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QStringList>("emitted");
+        const auto row = [](const QString& port, const char* hex, const QStringList& emitted) {
+            QTest::addRow("%s: %s", qPrintable(port), hex)
+                << port << QByteArray::fromHex(hex) << emitted;
         };
-        QCOMPARE(sendAll(), QList<QByteArray>()); // not connected
+        const auto fromMixer = [](const char* hex, const QStringList& emitted) {
+            QTest::newRow(hex) << mixer << framed(hex) << emitted;
+        };
+        fromMixer("0a000001", {}); // begins
+        fromMixer("0a0c0101", {"signalLiveMemoryFinishedSyncing"});
+        fromMixer("0a0b0101", {"signalReceiveSinglePresetComplete 12 true"});
+        fromMixer("0a000100", {"signalReceiveSinglePresetComplete 1 false"});
+        fromMixer("0607", {"signalChannelSelect 7"});
+
+        fromMixer("0201010004456a",
+                  {"signalReceiveMainwindowPresetParams faderframe_ch1_fader 8938"});
+        fromMixer("0202090019007f",
+                  {"signalReceiveChannelStripParams channelstrip_mains_gate_thresh 127"});
+        fromMixer("02030000200768", {"signalReceiveReverbParams reverbtab_decay_time 1000"});
+        fromMixer("03040100310003", {"signalReceiveSurroundParams surroundtab_ch1_assign 3"});
+        fromMixer("030601003e0001", {"signalReceiveMainwindowGlobalParams ch1_phantom 1"});
+        fromMixer("03070800410001", {"signalReceiveUSBParams usbtab_ch8_output_prepost 1"});
+        fromMixer("03050401010214", {"signalReceiveMidiParams miditab_button01_bank1_note 20"});
+
+        row(mixer, "f07d7d7d7d0df7", {"signalReceiveGoToSyncPreset 0"}); // whoever made it
+        row(mixer, "b00740", {});
+
+        const QString dark = "signalReceiveBankPressOffIndicators";
+        row(surface, "b10740", {"signalReceiveCCsForHUI 1 6 64"});
+        row(surface, "900e7f", {"signalReceiveNotesForHUI 0 13 127"});
+        row(surface, "900e00", {"signalReceiveNotesForHUI 0 13 0", dark}); // as good as a note-off
+        row(surface, "800f10", {"signalReceiveNotesForHUI 0 14 16", dark});
+        row(surface, "910e00", {"signalReceiveNotesForHUI 1 13 0"});
+        row(surface, "801000", {"signalReceiveNotesForHUI 0 15 0"});
+        row(host, "b00c41", {"signalReceiveCCsForHuiLeds 0 12 65"});
+        row(host, "900c41", {});
+    }
+    void receives()
+    {
+        QFETCH(QString, port);
+        QFETCH(QByteArray, bytes);
         connectMixer();
-        QCOMPARE(sendAll(),
-                 QList<QByteArray>(
-                     {"0202010b26456a", "03060300270001", "03050000020004", "0305040c000301"}));
-        manager->setViewChangingEnabled(true);
-        manager->slotSendChannelSelect(13);                        // phones are a mode
-        QCOMPARE(sendAll().first(), QByteArray("0500000000000b")); // first to aux 2
+        receive(bytes, port);
+        QTEST(heard(), "emitted");
     }
 
-    void receivedParametersReachTheirPage_data()
+    void modes()
     {
-        QTest::addColumn<QByteArray>("hex");
-        QTest::addColumn<QString>("page");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("value");
-        QTest::newRow("fader") << QByteArray("0201010004456a") << "faders"
-                               << "faderframe_ch1_fader" << 8938;
-        QTest::newRow("strip") << QByteArray("0202090019007f") << "strips"
-                               << "channelstrip_mains_gate_thresh" << 127;
-        QTest::newRow("reverb") << QByteArray("02030000200768") << "reverb"
-                                << "reverbtab_decay_time" << 1000;
-        QTest::newRow("surround") << QByteArray("03040100310003") << "surround"
-                                  << "surroundtab_ch1_assign" << 3;
-        QTest::newRow("setting") << QByteArray("030601003e0001") << "settings"
-                                 << "ch1_phantom" << 1;
-        QTest::newRow("usb") << QByteArray("03070800410001") << "usb"
-                             << "usbtab_ch8_output_prepost" << 1;
-        QTest::newRow("mapping") << QByteArray("03050401010214") << "midi"
-                                 << "miditab_button01_bank1_note" << 20;
-        QTest::newRow("no such channel") << QByteArray("02010e00040000") << ""
-                                         << "" << 0;
-    }
-    void receivedParametersReachTheirPage()
-    {
-        QFETCH(QByteArray, hex);
         connectMixer();
-        const QMap<QString, const char*> pages{
-            {"faders", SIGNAL(signalReceiveMainwindowPresetParams(QString, int))},
-            {"strips", SIGNAL(signalReceiveChannelStripParams(QString, int))},
-            {"reverb", SIGNAL(signalReceiveReverbParams(QString, int))},
-            {"surround", SIGNAL(signalReceiveSurroundParams(QString, int))},
-            {"settings", SIGNAL(signalReceiveMainwindowGlobalParams(QString, int))},
-            {"usb", SIGNAL(signalReceiveUSBParams(QString, int))},
-            {"midi", SIGNAL(signalReceiveMidiParams(QString, int))}};
-        std::map<QString, std::unique_ptr<QSignalSpy>> spies;
-        for (auto page = pages.begin(); page != pages.end(); ++page)
-            spies[page.key()] = std::make_unique<QSignalSpy>(manager.get(), page.value());
-        receive("f000015f23" + hex + "f7");
-        QStringList heard;
-        QVariantList arguments;
-        for (const auto& [page, spy] : spies) {
-            for (const auto& emission : *spy) {
-                heard << page;
-                arguments = emission;
-            }
+        const QMap<int, int> views{{0, 1}, {1, 1},  {2, 1},  {3, 1},  {4, 1},  {5, 2},
+                                   {6, 0}, {10, 1}, {11, 1}, {12, 1}, {13, 1}, {14, 1}};
+        for (int mode = 0; mode <= 127; ++mode) {
+            QStringList expected;
+            if (views.contains(mode))
+                expected << QStringLiteral("signalViewChange %1").arg(views[mode]);
+            if (mode >= 10 && mode <= 13)
+                expected << QStringLiteral("signalChannelSelect %1").arg(mode);
+            receive(framed("05" + QByteArray(1, char(mode)).toHex()));
+            QCOMPARE(heard(), expected);
         }
-        QTEST(heard.join(','), "page");
-        QFETCH(QString, name);
-        QFETCH(int, value);
-        if (!name.isEmpty())
-            QCOMPARE(arguments, QVariantList({name, value}));
-    }
-
-    void controlSurfaceAndHost()
-    {
-        connectMixer();
-        QSignalSpy ccs(manager.get(), SIGNAL(signalReceiveCCsForHUI(int, int, int)));
-        QSignalSpy notes(manager.get(), SIGNAL(signalReceiveNotesForHUI(int, int, int)));
-        QSignalSpy bank(manager.get(), SIGNAL(signalReceiveBankPressOffIndicators()));
-        QSignalSpy leds(manager.get(), SIGNAL(signalReceiveCCsForHuiLeds(int, int, int)));
-
-        receive("b10740", surface);
-        QCOMPARE(ccs.value(0), QVariantList({1, 6, 64}));
-        receive("900e7f", surface);
-        QCOMPARE(bank.count(), 0);
-        receive("900e00", surface); // as good as a note-off
-        receive("800f10", surface);
-        receive("910e00", surface); // another channel
-        receive("801000", surface); // another note
-        QCOMPARE(bank.count(), 2);
-        QCOMPARE(notes.count(), 5);
-        QCOMPARE(notes[0], QVariantList({0, 13, 127}));
-        QCOMPARE(notes[2], QVariantList({0, 14, 16}));
-        receive("c005", surface);
-        receive("b00c41", "loopMIDI Port 1");
-        receive("900c41", "loopMIDI Port 1");
-        QCOMPARE(leds.count(), 1);
-        QCOMPARE(leds.value(0), QVariantList({0, 12, 65}));
-        QCOMPARE(ccs.count(), 1);
-
-        QTest::ignoreMessage(QtDebugMsg, "unexpected message received \"J-Sum Audio Control\"");
-        receive("b00740");
-        QTest::ignoreMessage(QtDebugMsg, "unexpected message received \"Keyboard\"");
-        receive("f000015f2300000000010a03f7", "Keyboard");
     }
 
     void hostileSysexIsDropped()
     {
         connectMixer();
-        QSignalSpy full(manager.get(), SIGNAL(signalInitFullPowerMode()));
         QTest::ignoreMessage(QtDebugMsg, "sysex type code -1 size 0");
-        receive("f0f7");
+        receive(QByteArray::fromHex("f0f7"));
         QTest::ignoreMessage(QtDebugMsg, "sysex type code -1 size 4");
-        receive("f000015f23f7");
-        QTest::ignoreMessage(QtDebugMsg, "sysex type code 5 size 11");
-        receive("f000015f2305000000000001f7"); // the editor's own form
-        QByteArray huge(1024 * 1024, 0x02);
-        huge[0] = char(0xF0);
-        huge.back() = char(0xF7);
-        QTest::ignoreMessage(QtDebugMsg, "sysex type code 2 size 1048574");
-        manager->slotReceiveMidiInput(mixer, MidiMessage(huge.constData(), int(huge.size())));
-        for (int size = 1; size < 20; ++size) {
-            QByteArray cut = QByteArray::fromHex("f000015f2300000000010a03").left(size);
-            manager->slotReceiveMidiInput(mixer, MidiMessage(cut.constData(), int(cut.size())));
-        }
+        receive(framed(""));
+        QTest::ignoreMessage(QtDebugMsg, "sysex type code 10 size 8");
+        receive(framed("0a0d0100")); // no such slot
+        QTest::ignoreMessage(QtDebugMsg, "sysex type code 2 size 1048581");
+        receive(framed("02" + QByteArray("02").repeated(1024 * 1024)));
+        QTest::ignoreMessage(QtDebugMsg, "unexpected message received \"Keyboard\"");
+        receive(framed("00000000010a03"), "Keyboard");
+        for (int size = 1; size < 12; ++size)
+            receive(framed("00000000010a03").left(size));
+        QCOMPARE(heard(), QStringList());
         for (int type = 0; type < 128; ++type) {
-            for (int size = 7; size < 16; ++size) {
-                QByteArray bytes(size, 0x7F);
-                bytes[0] = char(0xF0);
-                bytes[5] = char(type);
-                bytes.back() = char(0xF7);
-                manager->slotReceiveMidiInput(mixer, MidiMessage(bytes.constData(), size));
-            }
+            for (int size = 0; size < 10; ++size)
+                receive(
+                    framed(QByteArray(1, char(type)).toHex() + QByteArray("7f").repeated(size)));
         }
-        QCOMPARE(full.count(), 1); // type 0 at its one length
-        QVERIFY(manager->isConnected());
-    }
-
-    void whoeverMadeIt_isNotLookedAt()
-    {
-        connectMixer();
-        QSignalSpy sync(manager.get(), SIGNAL(signalReceiveGoToSyncPreset(int)));
-        receive("f07d7d7d7d0df7");
-        QCOMPARE(sync.value(0), QVariantList({0}));
+        QCOMPARE(heard().filter("signalInitFullPowerMode").size(), 1); // type 0 at its one length
     }
 };
 

@@ -22,38 +22,19 @@ class TestDefinitions : public TestCase
     const Definitions definitions{};
 
 private slots:
-    void faderToDisplay_data()
+    void faderPoints()
     {
-        QTest::addColumn<int>("position");
-        QTest::addColumn<QString>("decibels");
-        QTest::newRow("floor") << 3000 << "-70.00";
-        QTest::newRow("one above") << 3001 << "-66.13";
-        QTest::newRow("middle") << 6800 << "-9.68";
-        QTest::newRow("just below 0") << 8938 << "-0.00";
-        QTest::newRow("just above 0") << 8939 << "0.00";
-        QTest::newRow("level 0 is not fader 0") << 10000 << "3.94";
-        QTest::newRow("top") << 10600 << "6.00";
-    }
-    void faderToDisplay()
-    {
-        QFETCH(int, position);
-        QTEST(shown(definitions.slotFadertoSpinboxVolumeMath(position, -70, 6)), "decibels");
-    }
+        const QList<std::pair<int, QString>> displayed{
+            {3000, "-70.00"}, {3001, "-66.13"}, {6800, "-9.68"}, {8938, "-0.00"},
+            {8939, "0.00"},   {10000, "3.94"},  {10600, "6.00"}};
+        for (const auto& [position, decibels] : displayed)
+            QCOMPARE(shown(definitions.slotFadertoSpinboxVolumeMath(position, -70, 6)), decibels);
 
-    void displayToFader_data()
-    {
-        QTest::addColumn<double>("decibels");
-        QTest::addColumn<int>("position");
-        const QList<std::pair<double, int>> points{
+        const QList<std::pair<double, int>> positions{
             {-70, 3000}, {-60, 3017}, {-40, 3467}, {-30, 4108}, {-20, 5164}, {-18, 5434},
             {-10, 6740}, {-6, 7539},  {-3, 8207},  {0, 8938},   {3, 9735},   {6, 10600}};
-        for (const auto& [decibels, position] : points)
-            QTest::addRow("%g dB", decibels) << decibels << position;
-    }
-    void displayToFader()
-    {
-        QFETCH(double, decibels);
-        QTEST(definitions.slotSpinboxtoFaderVolumeMath(decibels, 3000, 10600), "position");
+        for (const auto& [decibels, position] : positions)
+            QCOMPARE(definitions.slotSpinboxtoFaderVolumeMath(decibels, 3000, 10600), position);
     }
 
     // Every position comes back at full precision; through two decimals a known number doesn't.
@@ -93,19 +74,10 @@ private slots:
             oneLower += stored != level;
         }
         QCOMPARE(oneLower, 574);
-
         QCOMPARE(definitions.slotSpinboxtoValueMath(0.29), 28);
-        QCOMPARE(definitions.slotSpinboxtoValueMath(1.13), 112);
         QCOMPARE(definitions.slotSpinboxtoValueMath(-0.29), -28); // towards zero
         QCOMPARE(definitions.slotSpinboxtoDialVolumeMath(-69.98), 3001);
-    }
-
-    void linearToDisplay()
-    {
-        QVERIFY(definitions.slotDialtoSpinboxVolumeMath(10000) == 0.0);
         QVERIFY(definitions.slotDialtoSpinboxVolumeMath(7600) == -24.0);
-        QVERIFY(definitions.slotDialtoSpinboxVolumeMath(3000) == -70.0);
-        QVERIFY(definitions.slotValuetoSpinboxMath(300) == 3.0);
         QVERIFY(definitions.slotValuetoSpinboxMath(29) == 0.29);
     }
 
@@ -114,50 +86,29 @@ private slots:
         QVERIFY(definitions.slotScaleDoubleValue(0.5, 0.0, 1.0, 8200.0, 11800.0) == 10000.0);
         // Dividing before multiplying gives 10.857142857142856.
         QVERIFY(definitions.slotScaleDoubleValue(1, 0, 7, 0, 76) == 10.857142857142858);
+
+        const auto scaled = [this](int value, int oldMin, int oldMax, int newMin, int newMax) {
+            return definitions.slotScaleIntValue(value, oldMin, oldMax, newMin, newMax);
+        };
+        QCOMPARE(scaled(-5, 0, 10, 0, 3), -1); // towards zero
+        QCOMPARE(scaled(6800, 3000, 10600, -70, 6), -32);
+        QCOMPARE(scaled(100000, 0, 1, 0, 100000), 1410065408); // 10^10 in 32 bits
+        QCOMPARE(scaled(intMin, intMax, 0, 0, 1), 0);
+        QCOMPARE(scaled(1, 0, -1, 0, intMin), intMin);
+        QCOMPARE(scaled(5, 3, 3, 7, 9), 7);
     }
 
-    void integerScaling_data()
-    {
-        QTest::addColumn<int>("value");
-        QTest::addColumn<int>("oldMin");
-        QTest::addColumn<int>("oldMax");
-        QTest::addColumn<int>("newMin");
-        QTest::addColumn<int>("newMax");
-        QTest::addColumn<int>("result");
-        QTest::newRow("truncates") << 5 << 0 << 10 << 0 << 3 << 1;
-        QTest::newRow("towards zero") << -5 << 0 << 10 << 0 << 3 << -1;
-        QTest::newRow("with offsets") << 6800 << 3000 << 10600 << -70 << 6 << -32;
-        // The product of 10^10 keeps its lower 32 bits.
-        QTest::newRow("product wraps") << 100000 << 0 << 1 << 0 << 100000 << 1410065408;
-        QTest::newRow("differences wrap") << intMin << intMax << 0 << 0 << 1 << 0;
-        QTest::newRow("quotient wraps") << 1 << 0 << -1 << 0 << intMin << intMin;
-        QTest::newRow("empty range") << 5 << 3 << 3 << 7 << 9 << 7;
-    }
-    void integerScaling()
-    {
-        QFETCH(int, value);
-        QFETCH(int, oldMin);
-        QFETCH(int, oldMax);
-        QFETCH(int, newMin);
-        QFETCH(int, newMax);
-        QTEST(definitions.slotScaleIntValue(value, oldMin, oldMax, newMin, newMax), "result");
-    }
-
-    void numbersOutOfRange_data()
-    {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("result");
-        QTest::newRow("far above") << 1e300 << intMax;
-        QTest::newRow("far below") << -1e300 << intMin;
-        QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << intMax;
-        QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN() << 0;
-    }
     void numbersOutOfRange()
     {
-        QFETCH(double, value);
-        QTEST(definitions.slotSpinboxtoValueMath(value), "result");
-        QTEST(definitions.slotSpinboxtoDialVolumeMath(value), "result");
-        QTEST(definitions.slotSpinboxtoFaderVolumeMath(value, 3000, 10600), "result");
+        const QList<std::pair<double, int>> rows{{1e300, intMax},
+                                                 {-1e300, intMin},
+                                                 {std::numeric_limits<double>::infinity(), intMax},
+                                                 {std::numeric_limits<double>::quiet_NaN(), 0}};
+        for (const auto& [value, result] : rows) {
+            QCOMPARE(definitions.slotSpinboxtoValueMath(value), result);
+            QCOMPARE(definitions.slotSpinboxtoDialVolumeMath(value), result);
+            QCOMPARE(definitions.slotSpinboxtoFaderVolumeMath(value, 3000, 10600), result);
+        }
         QVERIFY(std::isnan(definitions.slotFadertoSpinboxVolumeMath(2999, -70, 6)));
         QCOMPARE(definitions.slotSpinboxtoFaderVolumeMath(0.0, 3000, 3000), 0);
     }

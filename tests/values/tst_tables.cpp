@@ -25,48 +25,34 @@ class TestTables : public TestCase
 private slots:
     void initTestCase() { QVERIFY(QDir::setCurrent(JSUM_SOURCE_DIR)); }
 
-    void trimTables_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("zeroAt");
-        QTest::newRow("channels 1 and 2") << "trimTableNoPad.txt" << 0;
-        QTest::newRow("channels 3 to 8") << "trimTableWithPad.txt" << 16;
-    }
     void trimTables()
     {
-        QFETCH(QString, name);
-        QFETCH(int, zeroAt);
-        const auto table = reader.readDoubleTable(name);
-        QCOMPARE(table.size(), 41);
-        for (int position = 0; position < 41; ++position)
-            QVERIFY2(table[position] == position - zeroAt, qPrintable(QString::number(position)));
+        const auto channels1And2 = reader.readDoubleTable("trimTableNoPad.txt");
+        const auto channels3To8 = reader.readDoubleTable("trimTableWithPad.txt");
+        QCOMPARE(channels1And2.size(), 41);
+        QCOMPARE(channels3To8.size(), 41);
+        for (int position = 0; position < 41; ++position) {
+            QCOMPARE(channels1And2[position], position);
+            QCOMPARE(channels3To8[position], position - 16);
+        }
     }
 
     void frequencyTables_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<double>("first");
-        QTest::addColumn<double>("atOneSeventh");
-        QTest::addColumn<double>("atSixSevenths");
-        QTest::addColumn<double>("last");
-        QTest::newRow("high pass")
-            << "highPassFreqTable-9bit.txt" << 40.0 << 55.58 << 287.87 << 400.0;
-        QTest::newRow("low") << "lowEQFreqTable-9bit.txt" << 20.0 << 30.68 << 260.73 << 400.0;
-        QTest::newRow("mid") << "midEQFreqTable-9bit.txt" << 200.0 << 325.12 << 3690.91 << 6000.0;
-        QTest::newRow("high") << "highEQFreqTable-9bit.txt" << 3000.0 << 3933.89 << 15252.07
-                              << 20000.0;
+        QTest::addColumn<QList<double>>("points"); // the ends, one seventh and six sevenths
+        const auto row = [](const char* name, const QList<double>& points) {
+            QTest::newRow(name) << points;
+        };
+        row("highPassFreqTable-9bit.txt", {40.0, 55.58, 287.87, 400.0});
+        row("lowEQFreqTable-9bit.txt", {20.0, 30.68, 260.73, 400.0});
+        row("midEQFreqTable-9bit.txt", {200.0, 325.12, 3690.91, 6000.0});
+        row("highEQFreqTable-9bit.txt", {3000.0, 3933.89, 15252.07, 20000.0});
     }
     void frequencyTables()
     {
-        QFETCH(QString, name);
-        QFETCH(double, first);
-        QFETCH(double, last);
-        const auto table = reader.readDoubleTable(name);
+        const auto table = reader.readDoubleTable(QTest::currentDataTag());
         QCOMPARE(table.size(), 512);
-        QVERIFY(table.first() == first);
-        QTEST(table[73], "atOneSeventh");
-        QTEST(table[438], "atSixSevenths");
-        QVERIFY(table.last() == last);
+        QTEST((QList<double>{table[0], table[73], table[438], table[511]}), "points");
         QVERIFY(isRising(table));
     }
 
@@ -86,53 +72,25 @@ private slots:
             QCOMPARE(definitions.slotSpinboxtoFaderVolumeMath(displayed[n], 3000, 10600), sent[n]);
     }
 
-    void nearestReal_data()
+    void nearest()
     {
-        QTest::addColumn<QList<double>>("table");
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("index");
-        QTest::addColumn<bool>("exact");
+        const auto find = [](const auto& table, auto value) {
+            const auto match = findInTable(table, value);
+            return std::pair(match.index, match.exact);
+        };
         const QList<double> rising{-16.0, -15.0, 0.0, 1.0};
-        QTest::newRow("exact") << rising << -15.0 << 1 << true;
-        QTest::newRow("nearer to the upper") << rising << 0.51 << 3 << false;
-        QTest::newRow("tie") << rising << 0.5 << 2 << false;
-        QTest::newRow("below both ends") << rising << -20.0 << 0 << false;
-        QTest::newRow("above both ends") << rising << 40.0 << 3 << false;
-        QTest::newRow("exact after a tie") << QList<double>{1.0, 3.0, 2.0} << 2.0 << 2 << true;
-        QTest::newRow("first of duplicates") << QList<double>{5.0, 2.0, 2.0} << 2.0 << 1 << true;
-        QTest::newRow("empty") << QList<double>() << 2.0 << -1 << false;
-        QTest::newRow("no number")
-            << rising << std::numeric_limits<double>::quiet_NaN() << 0 << false;
-    }
-    void nearestReal()
-    {
-        QFETCH(QList<double>, table);
-        QFETCH(double, value);
-        const auto match = findInTable(table, value);
-        QTEST(match.index, "index");
-        QTEST(match.exact, "exact");
-    }
-
-    void nearestInteger_data()
-    {
-        QTest::addColumn<QList<int>>("table");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<int>("index");
-        QTest::addColumn<bool>("exact");
+        QCOMPARE(find(rising, -15.0), std::pair(1, true));
+        QCOMPARE(find(rising, 0.51), std::pair(3, false));
+        QCOMPARE(find(rising, 0.5), std::pair(2, false)); // a tie
+        QCOMPARE(find(rising, -20.0), std::pair(0, false));
+        QCOMPARE(find(rising, 40.0), std::pair(3, false));
+        QCOMPARE(find(QList{1.0, 3.0, 2.0}, 2.0), std::pair(2, true)); // also after a tie
+        QCOMPARE(find(QList{5.0, 2.0, 2.0}, 2.0), std::pair(1, true));
+        QCOMPARE(find(QList<double>(), 2.0), std::pair(-1, false));
         constexpr int intMin = std::numeric_limits<int>::min();
         constexpr int intMax = std::numeric_limits<int>::max();
-        QTest::newRow("exact") << QList<int>{3000, 3001, 3003} << 3001 << 1 << true;
-        QTest::newRow("tie") << QList<int>{3000, 3001, 3003} << 3002 << 1 << false;
-        QTest::newRow("far apart") << QList<int>{intMin, 0} << intMax << 1 << false;
-        QTest::newRow("empty") << QList<int>() << 0 << -1 << false;
-    }
-    void nearestInteger()
-    {
-        QFETCH(QList<int>, table);
-        QFETCH(int, value);
-        const auto match = findInTable(table, value);
-        QTEST(match.index, "index");
-        QTEST(match.exact, "exact");
+        QCOMPARE(find(QList{3000, 3001, 3003}, 3002), std::pair(1, false));
+        QCOMPARE(find(QList{intMin, 0}, intMax), std::pair(1, false)); // far apart
     }
 };
 
