@@ -33,10 +33,6 @@ public:
         QFile in(file(name));
         return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
     }
-    QJsonObject document(const QString& name) const
-    {
-        return QJsonDocument::fromJson(bytes(name)).object();
-    }
 
     template <typename Store> void give(Store& store) const
     {
@@ -86,24 +82,18 @@ public:
     QString take() { return std::exchange(events, {}).join(QLatin1Char(' ')); }
 
 private slots:
-    void recall(QVariantMap preset)
-    {
-        events << QStringLiteral("recall:%1").arg(preset.value("preset_name").toString());
-    }
-    void menu(int row) { events << QStringLiteral("menu:%1").arg(row); }
-    void dirty(int preset, bool dirty)
-    {
-        events << QStringLiteral("%1:%2").arg(dirty ? "dirty" : "clean").arg(preset);
-    }
-    void list() { events << QStringLiteral("list"); }
-    void afterDelete() { events << QStringLiteral("after-delete"); }
-    void send(QString name, int value) { events << QStringLiteral("%1=%2").arg(name).arg(value); }
-    void cut() { events << QStringLiteral("cut"); }
-    void join() { events << QStringLiteral("join"); }
+    void recall(QVariantMap preset) { events << "recall:" + preset["preset_name"].toString(); }
+    void menu(int row) { events << QString("menu:%1").arg(row); }
+    void dirty(int preset, bool on) { events << QString(on ? "dirty:%1" : "clean:%1").arg(preset); }
+    void list() { events << QString("list"); }
+    void afterDelete() { events << QString("after-delete"); }
+    void send(QString name, int value) { events << QString("%1=%2").arg(name).arg(value); }
+    void cut() { events << QString("cut"); }
+    void join() { events << QString("join"); }
     void enabled(bool on) { events << (on ? "free" : "lock"); }
     void stereo(bool on) { events << (on ? "stereo-on" : "stereo-off"); }
-    void ready() { events << QStringLiteral("ready"); }
-    void done() { events << QStringLiteral("done"); }
+    void ready() { events << QString("ready"); }
+    void done() { events << QString("done"); }
 
 private:
     QStringList events;
@@ -135,7 +125,7 @@ protected:
     QByteArray onDisk() const { return folder->bytes("jsum.json"); }
     QJsonObject presetOnDisk(const QString& key) const
     {
-        return folder->document("jsum.json").value(key).toObject();
+        return QJsonDocument::fromJson(onDisk()).object().value(key).toObject();
     }
     // Of the presets, in their order.
     QStringList names() const
