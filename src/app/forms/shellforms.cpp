@@ -126,11 +126,11 @@ void DemoDialogForm::setupUi(QWidget* dialog)
     setupDialog(dialog, "demoDialogForm", QStringLiteral("Demo Mode"));
     addRichLabel(
         dialog, "body",
-        QStringLiteral("<p>No J-Sum is needed: every page opens and every control moves, but "
-                       "<b>nothing is sent and nothing is saved</b>. Changes made here are gone "
-                       "when the demo ends.</p>"
-                       "<p>Connect a J-Sum at any time. The editor then leaves the demo by itself "
-                       "and shows the mixer.</p>"),
+        QStringLiteral(
+            "<p>The editor opens without a J-Sum. <b>Nothing is sent and nothing is saved</b>: "
+            "changes made here are gone when the demo ends.</p>"
+            "<p>Connect a J-Sum at any time: the demo then ends by itself, and the editor "
+            "shows the mixer.</p>"),
         {margin, 46, dialog->width() - 2 * margin, 134})
         ->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     ok = addButton(dialog, "ok", QStringLiteral("OK"), 0, QStringLiteral("Start the demo."));
