@@ -456,7 +456,6 @@ private slots:
         QVERIFY(QFile::exists("resources/done"));
         QVERIFY(!window->isVisible());
     }
-
 };
 
 QTEST_MAIN(TestViewManager)

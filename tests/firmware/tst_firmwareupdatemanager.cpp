@@ -185,7 +185,6 @@ private slots:
         QTRY_VERIFY(!manager->isUpdating());
         QCOMPARE(heard, QStringList({"error:bad", "complete", "restart?"}));
     }
-
 };
 
 QTEST_MAIN(TestFirmwareUpdateManager)
