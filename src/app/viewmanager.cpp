@@ -87,6 +87,8 @@ ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent)
     slotInitMenuBar();
     connect(sysexManager, SIGNAL(signalPortConnectionText(QString)), aboutDialogForm.portName,
             SLOT(setText(QString)));
+    constexpr int lightText = 242;
+    slotInitSpinboxTextColor(lightText);
 }
 
 ViewManager::~ViewManager() = default;

@@ -62,6 +62,8 @@ public slots:
     void slotChangeWindowSize(int width, int height);
     void slotShowPresets();
     void slotShowFP();
+    // brightness: 0 to 255, the grey of the settings dialog's numbers while they are dragged.
+    void slotInitSpinboxTextColor(int brightness);
 
     void slotEnterDemoMode();
     void slotCloseDemoDialog();

@@ -4,6 +4,7 @@
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
 #include "presetinterface.h"
+#include "selectallspinbox.h"
 #include "sysexmanager.h"
 
 #include <QAction>
@@ -184,6 +185,12 @@ void ViewManager::slotShowPresets()
 }
 
 void ViewManager::slotShowFP() { fullPowerContainer->show(); }
+
+void ViewManager::slotInitSpinboxTextColor(int brightness)
+{
+    for (SelectAllSpinbox* box : settingsDialog->findChildren<SelectAllSpinbox*>())
+        box->slotSetTextColorBrightness(brightness);
+}
 
 void ViewManager::slotEnterDemoMode()
 {
