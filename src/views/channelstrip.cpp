@@ -1,0 +1,270 @@
+#include "channelstrip.h"
+
+#include "forms/channelstripform.h"
+#include "storedvalue.h"
+
+#include <QDebug>
+#include <QFrame>
+#include <QToolButton>
+
+namespace
+{
+
+constexpr int channelsWithPhantom = 2;
+
+// Where the channel's digit stands in a key, after "channelstrip_ch".
+constexpr int channelPlace = 15;
+
+const QString stereoName = QStringLiteral("stereo");
+
+int partnerOf(int index) { return index % 2 == 0 ? index + 2 : index; }
+
+bool isStereo(const ButtonRow* row) { return row != nullptr && row->name == stereoName; }
+
+QString phantomStyle(bool on)
+{
+    return on ? QStringLiteral("background-color: rgb(255,0,0); font: 9pt;")
+              : QStringLiteral("background-color: grey; font: 9pt;");
+}
+
+bool isAuxControl(const QString& name) { return name.contains(QLatin1String("_routing_")); }
+
+} // namespace
+
+ChannelStrip::ChannelStrip(QWidget* page, int index, const ChannelSelection& shared,
+                           const Tables& displayTables)
+    : ParameterPage(page, QStringLiteral("Channel %1").arg(index + 1), page->objectName())
+    , channelIndex(index)
+    , selection(shared)
+    , tables(displayTables)
+    , partner(partnerOf(index))
+    , firstOfPair(index % 2 == 0)
+{
+    setObjectName(QStringLiteral("ch%1_").arg(channel()));
+    trimTable = tables.trim;
+
+    const ChannelStripForm form(hostWidget(), spokenName(), channel(), qMin(channel(), partner));
+    setGeometry(hostWidget()->geometry());
+    routing = form.routing;
+    phantom = form.phantom;
+    adoptForm(ChannelStripForm::controlRows(channel()), ChannelStripForm::buttonRows());
+    for (QWidget* area : form.focusAreas)
+        clearFocusOnPress(area);
+
+    auxDisableWidget = new QWidget(this);
+    auxDisableWidget->setObjectName(QStringLiteral("auxDisableWidget"));
+    auxDisableWidget->setGeometry(routing->geometry());
+    auxDisableWidget->setStyleSheet(QStringLiteral("background-color: rgba(95,95,95,110);"));
+    auxDisableWidget->hide();
+
+    const bool hasPhantom = channel() <= channelsWithPhantom;
+    phantom->setVisible(hasPhantom);
+    if (!hasPhantom)
+        phantom->setFocusPolicy(Qt::NoFocus);
+    setPhantomVoltButton(true);
+    phantom->setStyleSheet(phantomStyle(false));
+    connect(phantom, SIGNAL(toggled(bool)), SLOT(slotUpdatePhantomButton()));
+
+    slotConnectAuxParams();
+}
+
+// Stereo pairs
+
+void ChannelStrip::changedByUser(const Control& control)
+{
+    if (!isStereo(control.buttonRow)) {
+        ParameterPage::changedByUser(control);
+        return;
+    }
+    const bool paired = control.button->isChecked();
+    if (paired)
+        deselectForPairing();
+    else
+        deselectForUnpairing();
+    emit signalPassStereoStateUpdate(paired);
+    if (firstOfPair)
+        store(control, int{paired});
+}
+
+bool ChannelStrip::isSent(const Control& control) const
+{
+    return firstOfPair || !isStereo(control.buttonRow);
+}
+
+void ChannelStrip::deselectForPairing()
+{
+    if (!selection.holds(channel()) || !selection.holds(partner))
+        return;
+    emit signalDeselectChannel(selection.endsWith(partner) ? channel() : partner);
+}
+
+void ChannelStrip::deselectForUnpairing()
+{
+    if (selection.holds(channel()) || selection.holds(partner))
+        emit signalDeselectAll();
+}
+
+void ChannelStrip::slotGetStereoStateUpdate(bool enabled)
+{
+    controlNamed(stereoName)->button->setChecked(enabled);
+}
+
+// From the mixer and the store
+
+void ChannelStrip::slotReceiveChannelStripParams(QString jsonName, int value)
+{
+    // Eight strips hear every message; cutting the wires of those that it is not for would cost
+    // more than all the rest.
+    const QString name = objectNameIn(jsonName);
+    if (name.isEmpty())
+        return;
+    const SendingCut cut(this);
+    forwardToSelection(jsonName, value);
+    if (name.contains(QLatin1String("group")))
+        return;
+    const Control* control = controlNamed(name);
+    if (control == nullptr)
+        qDebug() << "no control for" << jsonName;
+    else if (isStereo(control->buttonRow))
+        receiveStereo(*control, value != 0);
+    else
+        takeFromMixer(*control, value);
+}
+
+void ChannelStrip::receiveStereo(const Control& control, bool paired)
+{
+    const bool moves = control.button->isChecked() != paired;
+    setControl(control, int{paired});
+    if (paired)
+        deselectForPairing();
+    else
+        deselectForUnpairing();
+    emit signalPassStereoStateUpdate(paired);
+    if (!moves && firstOfPair && isStoring()) {
+        store(control, int{paired});
+        emit signalCheckSavedState(-1);
+    }
+}
+
+void ChannelStrip::forwardToSelection(const QString& jsonName, int value)
+{
+    const QList<int> others = selection.channelsAfter(channel());
+    for (const int other : others) {
+        QString name = jsonName;
+        name.replace(channelPlace, 1, QString::number(other));
+        emit signalLetOneChannelEffectAnother(name, value);
+    }
+}
+
+void ChannelStrip::slotLetOneChannelEffectAnother(QString jsonName, int value)
+{
+    const QString name = objectNameIn(jsonName);
+    if (name.isEmpty() || name.contains(QLatin1String("group")))
+        return;
+    const Control* control = controlNamed(name);
+    if (control == nullptr) {
+        qDebug() << "no control for" << jsonName;
+        return;
+    }
+    slotDisconnectElements();
+    // A linked pair button only says what the other is, and stays as it is.
+    if (isStereo(control->buttonRow))
+        control->button->setText(value != 0 ? control->buttonRow->textOn
+                                            : control->buttonRow->textOff);
+    else
+        setControl(*control, value);
+    slotConnectElements();
+}
+
+void ChannelStrip::recall(const Control& control, const QVariantMap& preset)
+{
+    if (isStereo(control.buttonRow)) {
+        // Only the first channel of a pair has the key.
+        const QString key =
+            QStringLiteral("channelstrip_ch%1_stereo").arg(qMin(channel(), partner));
+        setControl(control, storedInt(preset.value(key), key));
+    } else if (control.button != phantom || preset.contains(keyOf(control))) {
+        // No preset holds phantom power, and a recall must not switch it.
+        ParameterPage::recall(control, preset);
+    }
+}
+
+// The aux pages
+
+Wire ChannelStrip::auxWire(const Control& control)
+{
+    return {control.widget(), control.changeSignal(), this, SLOT(slotPassValuestoAuxStrip())};
+}
+
+void ChannelStrip::slotConnectAuxParams()
+{
+    for (const Control& control : allControls())
+        if (isAuxControl(control.widget()->objectName()))
+            auxWire(control).connect();
+}
+
+void ChannelStrip::slotPassValuestoAuxStrip()
+{
+    if (const Control* control = controlOf(sender()); control != nullptr)
+        emit signalPassValuestoAuxStrip(control->widget()->objectName(), channelIndex,
+                                        control->value());
+}
+
+void ChannelStrip::slotReceiveValuesfromAuxStrip(QString objName, int auxNum, int value)
+{
+    const QString ownPart = QStringLiteral("ch%1_").arg(channel());
+    if (!objName.startsWith(ownPart))
+        return;
+    const QString target =
+        QStringLiteral("aux%1_routing_%2").arg(auxNum + 1).arg(objName.sliced(ownPart.size()));
+    const Control* control = controlNamed(target);
+    if (control == nullptr) {
+        qDebug() << "no control for" << objName << "of aux" << auxNum + 1;
+        return;
+    }
+    const WireCut cut(auxWire(*control));
+    setControl(*control, value);
+}
+
+void ChannelStrip::slotSetAuxTabLocking(bool locked)
+{
+    if (locked) {
+        auxDisableWidget->show();
+        auxDisableWidget->raise();
+    }
+    const QList<QWidget*> sends = routing->findChildren<QWidget*>();
+    for (QWidget* widget : sends)
+        widget->setEnabled(!locked);
+    if (!locked)
+        auxDisableWidget->close();
+}
+
+// Phantom power
+
+void ChannelStrip::slotUpdatePhantomButton()
+{
+    phantom->setStyleSheet(phantomStyle(phantom->isChecked()));
+    if (ignoreNextPhantom) {
+        // Nothing sets the flag yet: the way to pass over one change.
+        qDebug() << "chstrip ignore next phantom";
+        ignoreNextPhantom = false;
+        return;
+    }
+    if (channel() <= channelsWithPhantom)
+        emit signalSendGlobalParameter(QStringLiteral("ch%1_phantom").arg(channel()),
+                                       int{phantom->isChecked()});
+}
+
+void ChannelStrip::slotSetPhantom(int state)
+{
+    if (state == int{phantom->isChecked()}) {
+        qDebug() << "chrstrip setphantom duplicate";
+        return;
+    }
+    phantom->setChecked(state != 0);
+}
+
+void ChannelStrip::setPhantomVoltButton(bool voltage)
+{
+    phantom->setText(voltage ? QStringLiteral("48v") : QStringLiteral("12v"));
+}

@@ -1,0 +1,224 @@
+#include "formbuilder.h"
+
+#include "faderscale.h"
+#include "freqspinbox.h"
+#include "nowrapdial.h"
+#include "portableslider.h"
+#include "selectalldoublespinbox.h"
+#include "selectallspinbox.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QToolButton>
+
+namespace
+{
+
+constexpr int boxWidth = 60;
+constexpr int captionWidth = 64;
+constexpr int boxHeight = 18;
+constexpr int captionHeight = 14;
+constexpr int gap = 2;
+constexpr int resetSide = 14;
+constexpr int lampWidth = 24;
+constexpr int titleMargin = 8;
+constexpr int titleHeight = 20;
+
+// At these sizes the segments of the ring come out even.
+int dialSide(int thickness)
+{
+    switch (thickness) {
+    case 4:
+        return 39;
+    case 5:
+        return 57;
+    default:
+        return 55;
+    }
+}
+
+// All widgets that a row makes share its tooltip.
+void dress(QWidget* widget, const QString& name, const QString& accessibleName,
+           const QString& toolTip)
+{
+    widget->setObjectName(name);
+    widget->setAccessibleName(accessibleName);
+    widget->setToolTip(toolTip);
+}
+
+void setTravel(QAbstractSlider* slider, const ControlRow& row)
+{
+    slider->setRange(row.minimum, row.maximum);
+    slider->setSingleStep(row.singleStep);
+    slider->setPageStep(row.pageStep);
+}
+
+QAbstractSpinBox* makeFrequencyBox(QWidget* parent, const ControlRow& row)
+{
+    auto* box = new FreqSpinBox(parent);
+    box->slotSetRange(row.boxMinimum, row.boxMaximum);
+    return box;
+}
+
+QAbstractSpinBox* makeDecimalBox(QWidget* parent, const ControlRow& row)
+{
+    auto* box = new SelectAllDoubleSpinbox(parent);
+    box->setDecimals(2);
+    box->setRange(row.boxMinimum, row.boxMaximum);
+    box->setSuffix(row.suffix);
+    box->setSpecialValueText(row.lowestText);
+    if (row.encoding == Encoding::hundredths)
+        box->setSingleStep(0.01);
+    return box;
+}
+
+QAbstractSpinBox* makeWholeBox(QWidget* parent, const ControlRow& row)
+{
+    auto* box = new SelectAllSpinbox(parent);
+    box->setRange(row.minimum, row.maximum);
+    box->setSuffix(row.suffix);
+    return box;
+}
+
+} // namespace
+
+FormBuilder::FormBuilder(QWidget* formWidget, const QString& spokenPage)
+    : form(formWidget)
+    , page(spokenPage)
+{
+}
+
+QString FormBuilder::accessible(const QString& spoken) const
+{
+    return QStringLiteral("%1, %2").arg(page, spoken);
+}
+
+QFrame* FormBuilder::group(const char* name, const QString& title, const QRect& place)
+{
+    QFrame* panel = frame(form, name, place);
+    panel->setProperty("role", "group");
+    if (!title.isEmpty())
+        label(panel, title, {titleMargin, 4, place.width() - 2 * titleMargin, titleHeight}, "title")
+            ->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return panel;
+}
+
+QFrame* FormBuilder::frame(QWidget* parent, const char* name, const QRect& place)
+{
+    auto* part = new QFrame(parent);
+    part->setObjectName(QLatin1String(name));
+    part->setGeometry(place);
+    return part;
+}
+
+QLabel* FormBuilder::label(QWidget* parent, const QString& text, const QRect& place,
+                           const char* role)
+{
+    auto* words = new QLabel(text, parent);
+    words->setProperty("role", role);
+    words->setAlignment(Qt::AlignCenter);
+    words->setGeometry(place);
+    return words;
+}
+
+int FormBuilder::knobHeight(const ControlRow& row)
+{
+    const int boxPart = row.hasBox ? boxHeight + gap : 0;
+    return dialSide(row.thickness) + gap + boxPart + captionHeight;
+}
+
+NoWrapDial* FormBuilder::knob(QWidget* parent, const ControlRow& row, const QPoint& topMiddle)
+{
+    const int side = dialSide(row.thickness);
+    auto* dial = new NoWrapDial(parent);
+    dress(dial, row.name, accessible(row.spoken), row.toolTip);
+    setTravel(dial, row);
+    dial->setGeometry(topMiddle.x() - side / 2, topMiddle.y(), side, side);
+
+    int y = topMiddle.y() + side + gap;
+    if (row.hasReset)
+        resetButton(parent, row, {topMiddle.x(), topMiddle.y() + side - resetSide / 2});
+    if (row.hasBox) {
+        box(parent, row, {topMiddle.x() - boxWidth / 2, y, boxWidth, boxHeight});
+        y += boxHeight + gap;
+    }
+    label(parent, row.caption, {topMiddle.x() - captionWidth / 2, y, captionWidth, captionHeight})
+        ->setObjectName(row.name + QStringLiteral("_caption"));
+    return dial;
+}
+
+void FormBuilder::fader(QWidget* parent, const ControlRow& row, const QRect& place)
+{
+    const int below = gap + boxHeight + gap + captionHeight;
+    auto* slider = new PortableSlider(Qt::Vertical, parent);
+    dress(slider, row.name, accessible(row.spoken), row.toolTip);
+    setTravel(slider, row);
+    constexpr int width = 32;
+    const int middle = place.center().x();
+    slider->setGeometry(middle - width / 2, place.y(), width, place.height() - below);
+
+    (new FaderScale(slider, parent))
+        ->setGeometry(middle - width / 2 - FaderScale::widthInPixels, slider->y(),
+                      FaderScale::widthInPixels, slider->height());
+
+    int y = place.y() + place.height() - below + gap;
+    box(parent, row, {middle - boxWidth / 2, y, boxWidth, boxHeight});
+    y += boxHeight + gap;
+    label(parent, row.caption, {place.x(), y, place.width(), captionHeight})
+        ->setObjectName(row.name + QStringLiteral("_caption"));
+}
+
+QAbstractSpinBox* FormBuilder::box(QWidget* parent, const ControlRow& row, const QRect& place)
+{
+    QAbstractSpinBox* number = nullptr;
+    switch (row.encoding) {
+    case Encoding::hertz:
+    case Encoding::tensOfHertz:
+        number = makeFrequencyBox(parent, row);
+        break;
+    case Encoding::plain:
+        number = makeWholeBox(parent, row);
+        break;
+    default:
+        number = makeDecimalBox(parent, row);
+    }
+    dress(number, row.name + QStringLiteral("_level"),
+          accessible(row.spoken + QStringLiteral(", number")), row.toolTip);
+    number->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    number->setAlignment(Qt::AlignCenter);
+    number->setFrame(false);
+    number->setGeometry(place);
+    return number;
+}
+
+QToolButton* FormBuilder::button(QWidget* parent, const ButtonRow& row, const QRect& place)
+{
+    auto* key = new QToolButton(parent);
+    dress(key, row.name, accessible(row.spoken), row.toolTip);
+    key->setCheckable(true);
+    key->setText(row.textOff);
+    key->setGeometry(place);
+    return key;
+}
+
+QToolButton* FormBuilder::bypass(QWidget* parent, const ButtonRow& row, const QRect& place)
+{
+    QLabel* words = label(
+        parent, QStringLiteral("Bypass"),
+        {place.x(), place.y(), place.width() - lampWidth - 2 * gap, place.height()}, "caption");
+    words->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QToolButton* lamp = button(
+        parent, row, {place.x() + place.width() - lampWidth, place.y(), lampWidth, place.height()});
+    lamp->setProperty("role", "lamp");
+    return lamp;
+}
+
+QToolButton* FormBuilder::resetButton(QWidget* parent, const ControlRow& row, const QPoint& middle)
+{
+    auto* key = new QToolButton(parent);
+    dress(key, row.name + QStringLiteral("_reset"),
+          accessible(QStringLiteral("reset %1").arg(row.spoken)),
+          QStringLiteral("Put %1 back to the middle.").arg(row.spoken));
+    key->setGeometry(middle.x() - resetSide / 2, middle.y() - resetSide / 2, resetSide, resetSide);
+    return key;
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "controlrow.h"
+
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+class NoWrapDial;
+class QAbstractSpinBox;
+class QFrame;
+class QLabel;
+class QToolButton;
+class QWidget;
+
+// Lays the controls of a page's form, each with its label, its tooltip and the name that a screen
+// reader says. Controls come in the tab order in which they are laid.
+class FormBuilder
+{
+public:
+    // spokenPage begins every accessible name, as "Channel 3".
+    FormBuilder(QWidget* form, const QString& spokenPage);
+
+    // A panel with a quiet frame, its title at the top left.
+    QFrame* group(const char* name, const QString& title, const QRect& place);
+    // A part of a panel, without a frame.
+    QFrame* frame(QWidget* parent, const char* name, const QRect& place);
+    // role: what the style sheet calls this kind of text.
+    QLabel* label(QWidget* parent, const QString& text, const QRect& place,
+                  const char* role = "caption");
+
+    // A dial with its top at the middle of a column, below it its box, if the row has one, and its
+    // caption; the reset button is in the gap of the ring. The height follows from the row.
+    NoWrapDial* knob(QWidget* parent, const ControlRow& row, const QPoint& topMiddle);
+    static int knobHeight(const ControlRow& row);
+    // A fader as high as the place less its box and its caption, which stand below it.
+    void fader(QWidget* parent, const ControlRow& row, const QRect& place);
+
+    QToolButton* button(QWidget* parent, const ButtonRow& row, const QRect& place);
+    // A lamp that is lit while the part is bypassed, its label at the left. place: of both.
+    QToolButton* bypass(QWidget* parent, const ButtonRow& row, const QRect& place);
+    // For a control that stands elsewhere than under its dial.
+    QToolButton* resetButton(QWidget* parent, const ControlRow& row, const QPoint& middle);
+
+private:
+    QAbstractSpinBox* box(QWidget* parent, const ControlRow& row, const QRect& place);
+    QString accessible(const QString& spoken) const;
+
+    QWidget* const form;
+    const QString page;
+};
