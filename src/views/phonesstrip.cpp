@@ -1,0 +1,13 @@
+#include "phonesstrip.h"
+
+#include "forms/outputforms.h"
+
+PhonesStrip::PhonesStrip(QWidget* page)
+    : ParameterPage(page, QStringLiteral("Phones"), page->objectName())
+{
+    setObjectName(QStringLiteral("phones_"));
+    const PhonesStripForm form(hostWidget(), spokenName());
+    setGeometry(hostWidget()->geometry());
+    adoptForm(PhonesStripForm::controlRows(), {});
+    clearFocusOnPress(form.panel);
+}
