@@ -38,11 +38,13 @@ PresetInterface::PresetInterface(QObject* parent)
     connect(liveMemoryTimer, SIGNAL(timeout()), this, SLOT(slotSaveLiveMemoryTimeout()));
 }
 
-void PresetInterface::slotUpdateJSONPath()
+QString PresetInterface::pathOf(const QString& fileName) const
 {
-    jsonPath = useResourcesFolder ? QStringLiteral("%1presets/jsum.json").arg(resourcesFolder)
-                                  : QStringLiteral("resources/presets/jsum.json");
+    return useResourcesFolder ? QStringLiteral("%1presets/%2").arg(resourcesFolder, fileName)
+                              : QStringLiteral("resources/presets/%1").arg(fileName);
 }
+
+void PresetInterface::slotUpdateJSONPath() { jsonPath = pathOf(QStringLiteral("jsum.json")); }
 
 void PresetInterface::slotReadJSON()
 {
@@ -158,9 +160,10 @@ void PresetInterface::slotPopulatePresetMenu(ReorderableListWidget* presetList)
     // Filling the list must not recall a preset.
     disconnect(presetList, SIGNAL(currentRowChanged(int)), this, SLOT(slotRecallPreset(int)));
     slotPopulatePresetLists();
-    presetList->clear();
+    QStringList names;
     for (const QVariantMap& preset : std::as_const(workingList))
-        presetList->insertItem(presetList->count(), nameOfPreset(preset));
+        names.append(nameOfPreset(preset));
+    presetList->setNames(names);
     connect(presetList, SIGNAL(currentRowChanged(int)), this, SLOT(slotRecallPreset(int)));
     emit signalPopulateSetlistMenus(presetList);
 }

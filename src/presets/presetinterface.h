@@ -44,6 +44,28 @@ public:
     // To be asked before a new preset is made: slotSavePresetAs then refuses, and nothing gets
     // ready to receive.
     bool isFull() const { return presetCount() >= maxPresets; }
+    bool isDemoMode() const { return demoMode; }
+    // While a recall lets events pass.
+    bool isRecalling() const { return recalling; }
+
+    // Whether the current preset can be pasted into, or a new one selected: it is there, what
+    // changes can be shown and sent, and no recall is under way, whose parameters would go out
+    // after the pasted ones.
+    bool isReadyToPaste() const;
+    // Both lay the values over the edits of the current preset, show them and send them, as a
+    // recall does; what is no parameter of the mixer is passed over, so the name stays. When not
+    // ready they do nothing but a debug line.
+    void pastePreset(const QVariantMap& values);
+    // Sends only these, with the mixer's stereo pairs in force: the partner follows, as when
+    // controls are moved by hand.
+    void pasteParameters(const QVariantMap& values);
+    // The state that a cleared preset goes to, without a name: the blank template, with factory
+    // values for what it lacks. A file that can't be read lacks everything.
+    QVariantMap blankPreset() const;
+    // Saves a new preset as the last one and returns its number; the current preset stays current.
+    // -1, and nothing done, for a library that is full, or empty: the first preset is the mixer's.
+    // preset: its name has to be free.
+    int appendPreset(const QVariantMap& preset);
 
 public slots:
     void slotUpdateJSONPath();
@@ -70,6 +92,8 @@ public slots:
     // current.
     void slotRecallPreset(int i);
     void slotRecallPresetActions();
+    // Without a recall: for a preset that is the current one already and whose number changed.
+    void slotSetCurrentPreset(int presetNum);
     void slotSavePreset(int presetToSave);
     // presetName: free, as slotAppendSuffixToNewPresetName makes it.
     void slotSavePresetAs(QString presetName, bool isForReceivingPreset, bool isForReceivingAll);
@@ -108,6 +132,7 @@ signals:
     void signalAddTextToFwLogFile(QString text);
 
 private:
+    QString pathOf(const QString& fileName) const;
     int presetCount() const;
     int resolved(int presetNum) const { return presetNum == -1 ? currentPreset : presetNum; }
     bool contains(int presetNum) const;
@@ -115,8 +140,13 @@ private:
     // The preset's own map, to be changed in place; null when the library doesn't have it.
     QVariantMap* presetIn(QVariantMap& library, int presetNum);
     void copyToSaved(int presetNum);
+    // To the working and the saved state, with nothing written.
+    void append(const QVariantMap& preset);
+    bool layOverCurrent(const QVariantMap& values);
     void leaveDemoMode();
 
+    // Shows the whole current preset and sends these of its parameters; without any, all.
+    void showAndSend(const QStringList& keys);
     void sendParameters(const QVariantMap& preset);
     void sendParameter(const QString& jsonName, const QVariant& value);
     void waitForMixer();
@@ -132,6 +162,9 @@ private:
     int currentPreset = -1;
     bool demoMode = false;
     bool syncComplete = false;
+    bool recalling = false;
+    // Counts the ends of the sync: a recall whose mixer is gone stops.
+    int syncNumber = 0;
     QVariantMap savedMapBeforeDemo;
     LibraryText libraryText;
     // Keys by saved name; empty when it is to be made anew.

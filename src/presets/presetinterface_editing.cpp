@@ -53,6 +53,22 @@ void PresetInterface::copyToSaved(int presetNum)
     keysByName.clear();
 }
 
+void PresetInterface::append(const QVariantMap& preset)
+{
+    slotPopulatePresetLists();
+    workingList.append(preset);
+    savedList.append(preset);
+    slotOrderPresetsInJson();
+}
+
+void PresetInterface::slotSetCurrentPreset(int presetNum)
+{
+    if (contains(presetNum))
+        currentPreset = presetNum;
+    else
+        refuse("make current", presetNum);
+}
+
 void PresetInterface::slotSavePreset(int presetToSave)
 {
     const int saved = resolved(presetToSave);
@@ -78,12 +94,9 @@ void PresetInterface::slotSavePresetAs(QString presetName, bool isForReceivingPr
         qDebug() << "save as: the library is full";
         return;
     }
-    slotPopulatePresetLists();
-    QVariantMap preset = workingList.at(currentPreset);
+    QVariantMap preset = workingPreset(currentPreset);
     preset.insert(presetNameKey(), presetName);
-    workingList.append(preset);
-    savedList.append(preset);
-    slotOrderPresetsInJson();
+    append(preset);
     // The edits live in the new preset now.
     if (!isForReceivingPreset)
         slotRevertPreset();
@@ -198,7 +211,12 @@ void PresetInterface::slotSaveLiveMemoryTimeout()
     emit signalStopLiveMemoryTimer();
 }
 
-void PresetInterface::slotSetSyncStatus(bool complete) { syncComplete = complete; }
+void PresetInterface::slotSetSyncStatus(bool complete)
+{
+    syncComplete = complete;
+    if (!complete)
+        ++syncNumber;
+}
 
 void PresetInterface::slotSetDemoModeEnabled(bool enabled)
 {

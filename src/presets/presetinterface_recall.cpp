@@ -4,6 +4,7 @@
 #include "storedvalue.h"
 
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 
 namespace
 {
@@ -18,27 +19,38 @@ void PresetInterface::slotRecallPreset(int i)
     emit signalStereoUpdatingStatus(false);
     if (i != -1)
         currentPreset = i;
+    const int sync = syncNumber;
     if (demoMode || syncComplete)
         slotRecallPresetActions();
-    emit signalStereoUpdatingStatus(true);
+    if (sync == syncNumber)
+        emit signalStereoUpdatingStatus(true);
     emit signalPresetDoneRecalling();
 }
 
-void PresetInterface::slotRecallPresetActions()
+void PresetInterface::slotRecallPresetActions() { showAndSend({}); }
+
+void PresetInterface::showAndSend(const QStringList& keys)
 {
+    const QScopedValueRollback<bool> underWay(recalling, true);
     emit signalDisconnectFromSysexSending(); // moving controls must not send
     emit signalPresetListEnabled(false);
     // What events bring in below may make another preset current; this recall stays with its own.
     const int presetNum = currentPreset;
+    const int sync = syncNumber;
     emit signalRecallPreset(workingPreset(presetNum));
     QCoreApplication::processEvents();
+    if (sync != syncNumber)
+        return;
     // Sent as it stands now: a change that came in just then must not be undone.
-    const QStringList keys = workingPreset(presetNum).keys();
-    for (const QString& key : keys)
+    const QStringList sent = keys.isEmpty() ? workingPreset(presetNum).keys() : keys;
+    for (const QString& key : sent)
         sendParameter(key, workingPreset(presetNum).value(key));
     emit signalConnectToSysexSending();
     emit signalPresetListEnabled(true);
     slotCheckSaveState(-1);
+    // It may have been pasted into.
+    if (currentPreset != presetNum)
+        slotCheckSaveState(presetNum);
 }
 
 void PresetInterface::slotSendPreset(int presetLibraryNum)

@@ -61,14 +61,23 @@ private slots:
     {
         const auto changeBoth = [this] {
             edit(1, 77);
-            store->slotSetSyncStatus(false);
             store->slotRecallPreset(2);
         };
         QMetaObject::invokeMethod(store.get(), changeBoth, Qt::QueuedConnection);
         store->slotSetSyncStatus(true);
         store->slotRecallPreset(1);
-        QVERIFY(
-            recorder->take().contains("recall:a stereo-off stereo-on done reverbtab_level=77 "));
+        QVERIFY(recorder->take().contains("done reverbtab_level=77 "));
+    }
+
+    void recallEndsWithTheSync()
+    {
+        const auto unplug = [this] { store->slotSetSyncStatus(false); };
+        QMetaObject::invokeMethod(store.get(), unplug, Qt::QueuedConnection);
+        store->slotSetSyncStatus(true);
+        store->slotRecallPreset(1);
+        const QString after = recorder->take();
+        QVERIFY2(after.endsWith("done"), qPrintable(after));
+        QVERIFY2(!after.contains("reverbtab_level"), qPrintable(after));
     }
 
     void sentValues()
