@@ -5,6 +5,7 @@
 #include "firmwareupdatemanager.h"
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
+#include "pagestyle.h"
 #include "presetinterface.h"
 #include "sysexmanager.h"
 
@@ -63,13 +64,15 @@ ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent)
     setCentralWidget(form.centralwidget);
     setWindowTitle(QStringLiteral("J-Sum Editor"));
     setObjectName(QStringLiteral("ViewManager"));
-    setStyleSheet(readStyleSheet(QStringLiteral(":/styles/styles/shell.qss")));
+    setStyleSheet(readStyleSheet(QStringLiteral(":/styles/styles/shell.qss")) + dialogStyleSheet());
     setGeometry(200, 50, splashWidth, splashHeight);
     setFixedSize(splashWidth, splashHeight);
 
     form.fullPowerViewWidget->hide();
     fullPowerContainer = new QWidget(form.fullPowerViewWidget);
-    fullPowerView = new FullPowerView(settingsDialog, fullPowerContainer);
+    fullPowerView =
+        new FullPowerView(resourcesInAppData, resourcesFolder, sysexManager, presetInterface,
+                          globalPresetInterface, settingsDialog, settingsStore, fullPowerContainer);
     form.lowPowerViewWidget->hide();
 
     setupDialogs();
@@ -161,6 +164,7 @@ void ViewManager::slotConnectInterfaces()
     connect(fullPowerView, SIGNAL(signalFindAudioDeviceNames()), sysexManager,
             SIGNAL(signalFindAudioDevicesAfterConnection()));
     connect(this, SIGNAL(signalAppClosing()), sysexManager, SLOT(slotSendSysexCommEndMessage()));
+    connect(this, SIGNAL(signalAppClosing()), fullPowerView, SLOT(slotAppClosing()));
     connect(aboutDialogForm.ok, SIGNAL(clicked()), aboutDialog, SLOT(close()));
     connect(aboutDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotHideDisableWidget()));
 }

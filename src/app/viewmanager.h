@@ -44,6 +44,7 @@ public:
     SysexManager* sysex() const { return sysexManager; }
     PresetInterface* presets() const { return presetInterface; }
     GlobalPresetInterface* globals() const { return globalPresetInterface; }
+    FullPowerView* fullPower() const { return fullPowerView; }
 
 public slots:
     // Creates no folder, in spite of its name: tells the stores where theirs is.
@@ -69,6 +70,7 @@ public slots:
     void slotCloseDemoDialog();
     void slotExitDemoMode();
 
+    void slotClearGlobalPreset();
     void slotOpenDoc();
     void slotEnableDisableToolTips();
 
@@ -101,6 +103,9 @@ private:
     void placeDialog(QWidget* dialog, int width, int height);
     void setToolTipsEnabled(bool enabled);
     void writeFirmwareLog();
+    void addEditActions(QMenu* menu);
+    // Those of the Edit menu that need a mixer or the demo.
+    void enableEditActions(bool enabled);
 
     QSettings* settingsStore = nullptr;
     Definitions* definitions = nullptr;
@@ -129,6 +134,14 @@ private:
     bool fwVersionsFound = false;
 
     QMenuBar* menuBar = nullptr;
+    QAction* copyPresetAct = nullptr;
+    QAction* pastePresetAct = nullptr;
+    QAction* pasteNewPresetAct = nullptr;
+    QAction* copyFullChannelAct = nullptr;
+    QAction* pasteFullChannelAct = nullptr;
+    QAction* autoPopulateSetlistAct = nullptr;
+    QAction* clearPresetAct = nullptr;
+    QAction* clearGlobalPresetAct = nullptr;
     QAction* forceFirmwareUpdateAct = nullptr;
     QAction* toolTipsAct = nullptr;
     QAction* demoModeAct = nullptr;

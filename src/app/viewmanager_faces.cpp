@@ -57,6 +57,7 @@ void ViewManager::slotInitAfterConnection(bool connected)
         form.splashScreen->setChecked(true);
         form.enterDemoMode->hide();
         demoModeAct->setEnabled(false);
+        clearGlobalPresetAct->setEnabled(true);
         forceFirmwareUpdateAct->setEnabled(true);
         return;
     }
@@ -91,6 +92,8 @@ void ViewManager::slotInitAfterConnection(bool connected)
     slotHideDisableWidget();
 
     fullPowerView->slotDeInitializeFullPowerMode();
+    enableEditActions(false);
+    clearGlobalPresetAct->setEnabled(false);
     forceFirmwareUpdateAct->setEnabled(false);
     demoModeAct->setEnabled(true);
     disconnect(fullPowerView, SIGNAL(signalChangeWindowSize(int, int)), this,
@@ -114,6 +117,7 @@ void ViewManager::slotInitFullPowerView()
         placeDialog(dialog, windowWidth, windowHeight);
     }
     disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
+    enableEditActions(true);
     fwProgressDialogForm.progressBar->reset();
 
     // Never disconnected: every further entry stacks one more delivery.
@@ -133,6 +137,16 @@ void ViewManager::slotInitFullPowerView()
     connect(this, SIGNAL(signalReportMainWindowPos(int, int)), fullPowerView,
             SIGNAL(signalReportMainWindowPos(int, int)));
     emit signalReportMainWindowPos(x(), y());
+}
+
+// Nothing can be pasted at first; what is copied lights these up.
+void ViewManager::enableEditActions(bool enabled)
+{
+    for (QAction* action :
+         {clearPresetAct, copyPresetAct, copyFullChannelAct, autoPopulateSetlistAct})
+        action->setEnabled(enabled);
+    for (QAction* action : {pastePresetAct, pasteNewPresetAct, pasteFullChannelAct})
+        action->setEnabled(false);
 }
 
 void ViewManager::slotInitLowPowerView()

@@ -1,6 +1,9 @@
 // The menu bar and its commands.
 #include "viewmanager.h"
 
+#include "fullpowerview.h"
+#include "globalpresetinterface.h"
+
 #include <QAction>
 #include <QDebug>
 #include <QDesktopServices>
@@ -36,6 +39,8 @@ void ViewManager::slotInitMenuBar()
     QMenu* hardwareMenu = addMenu(QStringLiteral("Hardware"), "HardwareMenu");
     QMenu* helpMenu = addMenu(QStringLiteral("Help"), "HelpMenu");
 
+    addEditActions(editMenu);
+
     forceFirmwareUpdateAct = hardwareMenu->addAction(QStringLiteral("Force Firmware Update"));
     forceFirmwareUpdateAct->setEnabled(false);
     connect(forceFirmwareUpdateAct, SIGNAL(triggered()), disableWidget, SLOT(show()));
@@ -68,6 +73,47 @@ void ViewManager::slotInitMenuBar()
     for (QMenu* menu : {fileMenu, editMenu, hardwareMenu, helpMenu})
         menu->menuAction()->setVisible(!menu->isEmpty());
     menuBar->show();
+}
+
+void ViewManager::addEditActions(QMenu* menu)
+{
+    const auto add = [menu](const QString& title, const QKeySequence& shortcut = {}) {
+        QAction* action = menu->addAction(title);
+        action->setShortcut(shortcut);
+        action->setEnabled(false);
+        return action;
+    };
+    copyPresetAct = add(QStringLiteral("Copy Preset"), tr("Ctrl+Shift+C"));
+    pastePresetAct = add(QStringLiteral("Paste Preset"), tr("Ctrl+Shift+V"));
+    pasteNewPresetAct = add(QStringLiteral("Paste Preset to New"));
+    menu->addSeparator();
+    copyFullChannelAct = add(QStringLiteral("Copy Channel"), Qt::CTRL | Qt::Key_C);
+    pasteFullChannelAct = add(QStringLiteral("Paste Channel"), Qt::CTRL | Qt::Key_V);
+    menu->addSeparator();
+    autoPopulateSetlistAct = add(QStringLiteral("Auto Populate Setlist"));
+    menu->addSeparator();
+    clearPresetAct = add(QStringLiteral("Reset Preset to Default"));
+    clearGlobalPresetAct = add(QStringLiteral("Reset Globals to Default"));
+    connect(clearGlobalPresetAct, SIGNAL(triggered()), this, SLOT(slotClearGlobalPreset()));
+    menu->setToolTipsVisible(true);
+    fullPowerView->slotInitFullPowerMenuActions(clearPresetAct, copyPresetAct, pastePresetAct,
+                                                pasteNewPresetAct, copyFullChannelAct,
+                                                pasteFullChannelAct, autoPopulateSetlistAct);
+}
+
+// The settings dialog's view linking is off meanwhile: a change of all globals doesn't move the
+// view.
+void ViewManager::slotClearGlobalPreset()
+{
+    const auto* linking =
+        settingsDialog->findChild<QAbstractButton*>(QStringLiteral("view_linking_enable"));
+    const bool linked =
+        linking != nullptr && linking->isChecked() && !fullPowerContainer->isHidden();
+    if (linked)
+        fullPowerView->slotEnableViewChanging(false);
+    globalPresetInterface->slotClearGlobalPreset();
+    if (linked)
+        fullPowerView->slotEnableViewChanging(true);
 }
 
 void ViewManager::slotShowAboutDialog()

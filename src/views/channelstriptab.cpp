@@ -3,7 +3,6 @@
 #include "auxstrip.h"
 #include "channelstrip.h"
 #include "mainsstrip.h"
-#include "pagestyle.h"
 #include "phonesstrip.h"
 #include "tablefilereader.h"
 
@@ -23,7 +22,6 @@ ChannelStripTab::ChannelStripTab(QWidget* parent)
     , pages(new QStackedWidget(this))
 {
     setObjectName(QStringLiteral("channelStripTab"));
-    setStyleSheet(pageStyleSheet());
 
     const TableFileReader reader;
     const auto read = [&reader](const char* name) {

@@ -12,7 +12,7 @@ class FaderScale : public QWidget
 public:
     FaderScale(QSlider* fader, QWidget* parent);
 
-    static constexpr int widthInPixels = 22;
+    static constexpr int widthInPixels = 20;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

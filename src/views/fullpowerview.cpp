@@ -1,33 +1,232 @@
 #include "fullpowerview.h"
 
-#include <QDebug>
-#include <QLabel>
+#include "channelstrip.h"
+#include "channelstriptab.h"
+#include "copypastehandler.h"
+#include "globalpresetinterface.h"
+#include "mainsstrip.h"
+#include "pagestyle.h"
+#include "phonesstrip.h"
+#include "portableslider.h"
+#include "presetinterface.h"
+#include "reverbtabform.h"
+#include "selectalldoublespinbox.h"
+#include "setlist.h"
+#include "sysexmanager.h"
+#include "tablefilereader.h"
 
-FullPowerView::FullPowerView(QWidget* shellSettingsDialog, QWidget* parent)
+#include <QAbstractButton>
+#include <QDebug>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QToolButton>
+
+#include <utility>
+
+namespace
+{
+
+constexpr int channelStripPage = 1;
+constexpr int dimText = 40;
+
+} // namespace
+
+FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManager* sysex,
+                             PresetInterface* presets, GlobalPresetInterface* globals,
+                             QWidget* shellSettingsDialog, QSettings* settings, QWidget* parent)
     : QWidget(parent)
+    , settingsStore(settings)
+    , sysexManager(sysex)
+    , presetInterface(presets)
+    , globalPresetInterface(globals)
     , settingsDialog(shellSettingsDialog)
-    , caption(new QLabel(this))
+    , setlist(new Setlist(this))
+    , copyPasteHandler(new CopyPasteHandler(presets, this))
+    , viewContainer(new QWidget(this))
+    , disableWidget(new QWidget(this))
 {
     setObjectName(QStringLiteral("fullPowerView"));
+    setStyleSheet(pageStyleSheet());
+    setlist->resourcesFolder = folder;
+    setlist->resourcesInAppData = resourcesInAppData;
+    setlist->slotUpdateJSONPath();
+
     setGeometry(0, 0, widthWithPresets, heightInPixels);
-    caption->setObjectName(QStringLiteral("caption"));
-    caption->setAlignment(Qt::AlignCenter);
-    caption->setGeometry(0, 20, widthWithoutPresets, heightInPixels - 20);
+    viewContainer->setGeometry(rect());
+    form.setupUi(viewContainer);
+    disableWidget->hide();
+    disableWidget->setGeometry(rect());
+    disableWidget->setStyleSheet(QStringLiteral("background: rgba(0,0,0,200);"));
+
+    channelStripTab = new ChannelStripTab(form.channelStripTab);
+    reverbTabForm = new ReverbTabForm(form.reverbTab);
+    // Their pages are still empty.
+    for (QPushButton* tab : {form.surroundTabButton, form.midiTabButton, form.usbTabButton})
+        tab->hide();
+    form.channelStripTabButton->setChecked(true);
+    form.mainTabWidget->setCurrentIndex(channelStripPage);
+
+    setupFaderFrame();
+    setupDialogs();
+
+    const TableFileReader reader;
+    phonesDisplayTable = reader.readDoubleTable(QStringLiteral("phonesDisplayTable.txt"));
+    phonesSysexSendTable = reader.readIntTable(QStringLiteral("phonesSysexSendTable.txt"));
+
+    form.deletepreset->setEnabled(presetInterface->slotGetNumPresetsInJson() >= 2);
+    setlist->slotInitComponents(form.setlistMenus);
+    connect(form.presetlist, SIGNAL(signalNewPresetList()), this, SIGNAL(signalNewPresetList()));
+    slotInitSpinboxTextColor(dimText);
+    makeInterfaceWires();
 }
+
+FullPowerView::~FullPowerView() = default;
+
+void FullPowerView::setupFaderFrame()
+{
+    const QList<QWidget*> widgets = form.faderGroupBox->findChildren<QWidget*>();
+    for (QWidget* widget : widgets) {
+        if (auto* button = qobject_cast<QToolButton*>(widget); button != nullptr) {
+            faderControls.append({button, false});
+            showButtonState(button);
+            connect(button, SIGNAL(toggled(bool)), this, SLOT(slotShowButtonState()));
+            if (button->objectName().contains(QLatin1String("_solo")))
+                connect(button, SIGNAL(released()), this, SLOT(slotSoloReleased()));
+        } else if (auto* fader = qobject_cast<PortableSlider*>(widget); fader != nullptr) {
+            faderControls.append({fader, true});
+            faderWire(fader).connect();
+            boxWire(levelBoxOf(fader)).connect();
+            levelBoxOf(fader)->setValue(levelBoxOf(fader)->minimum());
+        } else if (auto* select = qobject_cast<QPushButton*>(widget); select != nullptr) {
+            selectButtons.append(select);
+        }
+    }
+    const QString first = ChannelSelection::selectName(1);
+    selectButton(first)->setChecked(true);
+    setSelectedChannels({first});
+}
+
+QList<ParameterPage*> FullPowerView::parameterPages() const
+{
+    QList<ParameterPage*> pages;
+    for (ChannelStrip* strip : channelStripTab->channelStrips())
+        pages.append(strip);
+    pages += {channelStripTab->mainsStrip(), channelStripTab->phonesStrip(), reverbTabForm};
+    return pages;
+}
+
+// A mode entry
 
 void FullPowerView::slotInitializeFullPowerMode()
 {
-    caption->setText(demoModeEnabled ? QStringLiteral("Demo mode")
-                                     : QStringLiteral("J-Sum connected"));
+    const int entry = ++modeEntry;
+    modeActive = true;
+    restFlows();
+    for (QWidget* widget : filteredWidgets())
+        widget->installEventFilter(this);
+    slotConnectInterfaces();
+    slotConnectMenuItems();
+    // A recall that the last mode's end cut short left it locked.
+    form.presetlist->setEnabled(true);
+    connect(this, SIGNAL(signalPopulatePresetMenu(ReorderableListWidget*)), presetInterface,
+            SLOT(slotPopulatePresetMenu(ReorderableListWidget*)), Qt::UniqueConnection);
+    presetInterface->slotSetSyncStatus(false);
+    emit signalPopulatePresetMenu(form.presetlist);
+    setlist->slotRecallSetlist();
+    showLibraryLimits();
+    slotSetPreferences();
+    if (!demoModeEnabled) {
+        slotDisconnectToSysexPresetSending();
+        emit signalDisconnectGlobalSysex();
+        disconnectStoreSending();
+    }
+    globalPresetInterface->slotRecallGlobal();
+    selectRow(0);
+    if (!isCurrent(entry))
+        return;
+    checkAllSaveStates();
+    if (!demoModeEnabled) {
+        layPresetZero(entry);
+        if (!isCurrent(entry))
+            return;
+        connectStoreSending();
+        sysexManager->slotSendSinglePresetRequest(0, false);
+    }
     emit signalFindAudioDeviceNames();
 }
 
-void FullPowerView::slotDeInitializeFullPowerMode() { caption->clear(); }
+// Before the sync is complete a selection shows nothing, yet what the mixer then sends must move
+// controls that hold the preset's values, or nothing would be stored where they agree by chance.
+void FullPowerView::layPresetZero(int entry)
+{
+    const bool wasEntering = std::exchange(entering, true);
+    const QVariantMap preset = presetInterface->workingPreset(0);
+    if (preset.isEmpty()) {
+        slotConnectElements();
+        for (ParameterPage* page : parameterPages())
+            page->slotConnectElements();
+    } else {
+        slotRecallPresets(preset);
+        // Each recall lets events pass, which may end this entry.
+        for (ParameterPage* page : parameterPages()) {
+            if (!isCurrent(entry))
+                break;
+            page->slotRecallPreset(preset);
+        }
+    }
+    entering = wasEntering && isCurrent(entry);
+    if (isCurrent(entry))
+        runWaiting();
+}
+
+void FullPowerView::slotDeInitializeFullPowerMode()
+{
+    modeActive = false;
+    ++modeEntry;
+    if (shiftSelectActive)
+        slotDeselectMultiple();
+    for (QWidget* widget : filteredWidgets())
+        widget->removeEventFilter(this);
+    presetInterface->slotSetSyncStatus(false);
+    slotDisconnectInterfaces();
+    slotDisconnectMenuItems();
+    disconnect(this, SIGNAL(signalPopulatePresetMenu(ReorderableListWidget*)), presetInterface,
+               SLOT(slotPopulatePresetMenu(ReorderableListWidget*)));
+    for (QWidget* dialog : dialogs())
+        closeDialog(dialog);
+    restFlows();
+    closeProgress();
+}
+
+void FullPowerView::slotAppClosing()
+{
+    modeActive = false;
+    ++modeEntry;
+}
+
+void FullPowerView::restFlows()
+{
+    entering = false;
+    receivingAllPresets = false;
+    presetReadyToReceive = false;
+    waitingForSilentRecall = false;
+    requestedSlot = -1;
+    waitingActions.clear();
+}
 
 void FullPowerView::slotSetDemoModeEnabled(bool enabled)
 {
     qDebug() << "demo mode enabled?" << enabled;
     demoModeEnabled = enabled;
+    setlist->slotSetDemoModeEnabled(enabled);
+    for (QToolButton* button : {form.send_all, form.receive_all, form.saveas})
+        button->setEnabled(!enabled);
+    // These three come back with the next selection of a preset, not here.
+    if (enabled) {
+        for (QToolButton* button : {form.save, form.revert, form.deletepreset})
+            button->setEnabled(false);
+    }
 }
 
 void FullPowerView::slotShowPresets(bool show)
@@ -36,4 +235,29 @@ void FullPowerView::slotShowPresets(bool show)
     setFixedSize(width, heightInPixels);
     emit signalChangeWindowSize(width, heightInPixels);
     settingsDialog->setGeometry(show ? 175 : 42, 178, 850, 336);
+}
+
+void FullPowerView::on_showPreset_triggered(QAction* /*arg1*/)
+{
+    slotShowPresets(form.showPreset->isChecked());
+}
+
+void FullPowerView::slotTriggerSizeChangeToShowPresets()
+{
+    setFixedSize(widthWithPresets, heightInPixels);
+    emit signalChangeWindowSize(widthWithPresets, heightInPixels);
+    viewContainer->show();
+}
+
+void FullPowerView::slotTriggerSizeChangeToHidePresets()
+{
+    setFixedSize(widthWithoutPresets, heightInPixels);
+    emit signalChangeWindowSize(widthWithoutPresets, heightInPixels);
+    viewContainer->show();
+}
+
+void FullPowerView::slotSetPhantom(int channel, int state)
+{
+    qDebug() << "fullPower slotSetPhantom ch: " << channel << " state: " << state;
+    emit signalSetPhantom(channel, state);
 }

@@ -1,38 +1,358 @@
 #pragma once
 
+#include "channelselection.h"
+#include "definitions.h"
+#include "forms/fullpowerform.h"
+#include "forms/viewdialogs.h"
+#include "wires.h"
+
+#include <QList>
+#include <QStringList>
+#include <QVariantMap>
 #include <QWidget>
 
-class QLabel;
+#include <functional>
 
-// The full-power face: so far the frame that the mixing surface stands in, its size with the preset
-// drawer open or closed, and its part in the shell's mode changes. ViewManager owns it.
+class ChannelStripTab;
+class CopyPasteHandler;
+class GlobalPresetInterface;
+class ParameterPage;
+class PresetInterface;
+class QAbstractButton;
+class QAction;
+class QKeyEvent;
+class QLineEdit;
+class QListWidgetItem;
+class QMouseEvent;
+class QSettings;
+class ReverbTabForm;
+class SelectAllDoubleSpinbox;
+class Setlist;
+class SysexManager;
+
+// The full-power face: the pages of the channels and the reverb, the faders, the preset drawer with
+// the setlist, and what goes to and from the mixer's slots. ViewManager owns it and enters and
+// leaves its mode each time the mixer comes and goes.
+//
+// Every control of a preset has two wires that are cut apart: the store wire to the preset store
+// and the send wire to the mixer. A recall or a value from the mixer moves a control with one or
+// both cut, so nothing echoes.
 class FullPowerView : public QWidget
 {
     Q_OBJECT
 
 public:
-    // settingsDialog: the shell's, moved along with the drawer.
-    FullPowerView(QWidget* settingsDialog, QWidget* parent);
+    // The managers and stores, the settings dialog and the preferences are the shell's.
+    FullPowerView(bool resourcesInAppData, QString folder, SysexManager* sysexManager,
+                  PresetInterface* presetInterface, GlobalPresetInterface* globalPresetInterface,
+                  QWidget* settingsDialog, QSettings* settingsStore, QWidget* parent);
+    ~FullPowerView() override;
 
     static constexpr int heightInPixels = 728;
     static constexpr int widthWithPresets = 1200;
     static constexpr int widthWithoutPresets = 935;
 
+    const QStringList& selectedChannels() const;
+    ChannelStripTab* channelStrips() const { return channelStripTab; }
+    Setlist* setlistStore() const { return setlist; }
+    CopyPasteHandler* copyPaste() const { return copyPasteHandler; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 public slots:
+    // The mixer is there, or the demo begins: joins the view to the stores and the device link, and
+    // asks for the mixer's live state.
     void slotInitializeFullPowerMode();
     void slotDeInitializeFullPowerMode();
+    // Ends every wait, and lets nothing new begin.
+    void slotAppClosing();
     void slotSetDemoModeEnabled(bool enabled);
+    void slotConnectInterfaces();
+    void slotDisconnectInterfaces();
+    void slotHideDisableWidget();
+
+    // The store wire of the faders, and the send wire of these and of all pages.
+    void slotConnectElements();
+    void slotDisconnectElements();
+    void slotValueChanged();
+    void slotConnectToSysexPresetSending();
+    void slotDisconnectToSysexPresetSending();
+    void slotSendSysexPresetParameter();
+    void slotReceiveMainwindowPresetParams(QString jsonName, int value);
+    void slotRecallPresets(QVariantMap preset);
+    void slotLinkFadertoSpinbox(int value);
+    void slotLinkSpinboxtoFader(double value);
+    // The index of the entry for a number: the equal one, or the nearest, which is then written to
+    // the box of that name. -1 if the table is empty.
+    int slotFindTableValueFromSpinboxValue(double value, QString objName, QList<double> table);
+    int slotFindTableValueFromReceivedSysex(int value, QList<int> table);
+    // brightness: 0 to 255, the grey of the faders' numbers while they are dragged.
+    void slotInitSpinboxTextColor(int brightness);
+
+    void slotSetPreferences();
+    void slotPreferencesChanged();
+    void slotConnectHuiButton(QToolButton* huiEnable);
+    void slotDisconnectHuiButton(QToolButton* huiEnable);
+    // View linking: whether the editor and the mixer's panel follow each other's pages.
+    void slotEnableViewChanging(bool enabled);
+
+    void slotSavePreset();
+    void slotSaveAs();
+    void slotDeletePreset();
+    void slotSetDeleteEnabled(bool enabled);
+    void slotRename();
+    void slotCheckToAllowRename(QListWidgetItem* presetItem);
+    void slotReorderPresetList();
+    void slotSetPresetListWidgetEnableState(bool enabled);
+    void slotEnablePresetButtons(bool enabled);
+    // presetNum: below 0 means row 0.
+    void slotDisplaySaveState(int presetNum, bool dirty);
+    void slotPopulatePresetMenu();
+    void slotPopulateSetlistMenus();
+    void slotPopulateSetlistMenusAfterDelete();
+    void slotSetPresetMenu(int presetNum);
+    void slotMoveLiveMemoryHelpIcon(bool scrollBarIsShowing);
+    void slotHideLiveMemoryHelpIcon(bool hide);
+
+    // The Edit menu's actions, which the shell owns.
+    void slotInitFullPowerMenuActions(QAction* clearPreset, QAction* copyPreset,
+                                      QAction* pastePreset, QAction* pasteNewPreset,
+                                      QAction* copyFullChannel, QAction* pasteFullChannel,
+                                      QAction* autoPopulateSetlist);
+    void slotConnectMenuItems();
+    void slotDisconnectMenuItems();
+    void slotUpdatePasteAvailability();
+    void slotAutoPopulateSetlist();
+
     // Opens or closes the preset drawer: the view's width follows, and the shell is told.
     void slotShowPresets(bool show);
+    void slotTriggerSizeChangeToShowPresets();
+    void slotTriggerSizeChangeToHidePresets();
+    void on_showPreset_triggered(QAction* arg1);
+
+    void slotChangeTabViews();
+    // 0: surround, 1: channels, 2: reverb; nothing happens for any other number.
+    void slotChangeTabViewFromSysex(int tabNum);
+    void slotSelectChannelView();
+    // 1 to 8 inputs, 9 mains, 10 to 12 aux 1 to 3, anything else the phones.
+    void slotSelectChannelViewFromSysex(int selectedChannel);
+    // 1 to 8; an output is refused with a debug line.
+    void slotShiftSelect(int selectedChannel);
+    void slotShiftDeSelect(int deselectedChannel);
+    void slotDeselectMultiple();
+    // Select-button names of two inputs: makes the older channel's controls follow the newer's, and
+    // what is always on screen follow both ways.
+    void slotConnectSelected(QString lastSelectedButton, QString newlyAddedButton);
+    void slotDisconnectSelected(QString lastSelectedButton, QString newlyAddedButton);
+    // While surround is on, it uses the aux buses.
+    void slotSetAuxTabLocking(bool locked);
+    void slotSetPhantom(int channel, int state);
+
+    // The mixer's live state has arrived.
+    void slotSyncOnConnectComplete();
+    // The mixer changed preset by itself: the list follows, the controls don't.
+    void slotRecallPresetSilently(int presetLibraryNumber);
+    void slotAssessReceiveDecision();
+    void slotResetReceiveDecision();
+    void slotUpdateSendsAndReceives(bool enabled, QChar setlistLetter);
+    void slotReceiveSinglePreset();
+    void slotReceiveSinglePresetComplete(int slotNum, bool save);
+    void slotReceiveAllPresets();
+    void slotSendSinglePreset();
+    void slotSendAllPresets();
+    // setlistNumber: 0 to 11. presetName: of the library, "[DEFAULT]", or "[OFF]" for nothing.
+    void slotSendPreset(int setlistNumber, QString presetName, bool recallCurrent);
+    void slotPresetIsReadyToReceive();
+    void slotDoneWaitingForReconnectOnSilentRecall();
 
 signals:
+    void signalConnectGlobalSysex();
+    void signalDisconnectGlobalSysex();
+    void signalStoreValue(QString name, QVariant value, int presetNum);
+    void signalStoreGlobal(QString name, QVariant value);
+    void signalCheckSavedState(int presetNum);
+    void signalSaveAs(QString presetName, bool isForReceivingPresets, bool isForReceivingAll);
+    void signalPopulatePresetMenu(ReorderableListWidget* presetlist);
+    void signalNewPresetList();
+    void signalStartLiveMemoryTimeout(int intervalMs);
+    void signalSendPresetParameter(QString name, int value);
+    void signalSendGlobalParameter(QString name, int value);
     void signalChangeWindowSize(int width, int height);
+    void signalSelectChannelView(int selectedChannel);
+    void signalSendTabViewSysex(int selectedTabData);
     void signalReportMainWindowPos(int x, int y);
     void signalFindAudioDeviceNames();
     void signalAddTextToFwLog(QString text);
+    void signalSetPhantom(int channel, int state);
+
+private slots:
+    void slotShowButtonState();
+    void slotSoloReleased();
+    void slotOpenSaveAs();
+    void slotOpenReceiveAll();
+    void slotOpenLiveMemoryHelp();
+    void slotConfirmDelete();
+    // Closes the dialog of the button that was pressed.
+    void slotCloseDialog();
+    void slotSelectionMoved(int row);
+    void slotReceiveChoice();
 
 private:
-    QWidget* settingsDialog;
-    QLabel* caption;
+    class Flow;
+    struct FaderControl {
+        QWidget* widget = nullptr;
+        bool isFader = false;
+    };
+
+    // Construction
+    void setupDialogs();
+    void setupFaderFrame();
+    void placeDialog(QWidget* dialog, const QRect& place);
+    QList<QWidget*> dialogs() const; // all but the progress box
+    QList<QLineEdit*> nameEdits() const;
+    QList<QWidget*> filteredWidgets() const;
+    bool filterPress(QWidget* watched, const QMouseEvent* event);
+    bool filterKey(QWidget* watched, const QKeyEvent* event);
+
+    // Wiring
+    void makeInterfaceWires();
+    void addPageWires();
+    void addPresetWires();
+    void addDialogWires();
+    void addSelectionWires();
+    QList<ParameterPage*> parameterPages() const;
+    // The three from the preset store by which a recall sends, and the one by which it shows.
+    void connectStoreSending() const;
+    void disconnectStoreSending() const;
+    void layPresetZero(int entry);
+
+    // Faders
+    Wire storeWire(const FaderControl& control);
+    Wire sendWire(const FaderControl& control);
+    Wire boxWire(SelectAllDoubleSpinbox* box);
+    Wire faderWire(PortableSlider* fader);
+    SelectAllDoubleSpinbox* levelBoxOf(const QObject* fader) const;
+    void showButtonState(QToolButton* button) const;
+    void changeSolo(QToolButton* solo);
+    int valueOf(const FaderControl& control) const;
+    const FaderControl* controlNamed(const QString& name) const;
+    void limitName(QLineEdit* edit);
+
+    // Selection
+    void setSelectedChannels(const QStringList& names);
+    QPushButton* selectButton(const QString& name) const;
+    bool isOutputSelected() const;
+    void selectAlone(QPushButton* button);
+    void selectTogether(QPushButton* button, int channel);
+    void deselect(QPushButton* button, int channel);
+    void uncheckQuietly(QPushButton* button);
+    void showChannelOf(const QString& selectName);
+    bool isStereo(int channel) const;
+    QList<Wire> selectionWires(const QString& older, const QString& newer) const;
+
+    // Presets
+    static void commitEditedBox();
+    void selectRow(int row);
+    void selectRowWithoutRecall(int row);
+    void checkAllSaveStates();
+    void showLibraryLimits();
+    void openDialog(QWidget* dialog, QWidget* focus);
+    void closeDialog(QWidget* dialog);
+    bool isViewLinkingStored() const;
+    QList<Wire> menuWires();
+
+    // Flows
+    bool isCurrent(int entry) const { return modeActive && entry == modeEntry; }
+    // Events inside a recall bring what must wait until it has ended.
+    bool isRecalling() const;
+    void runLater(const std::function<void()>& action);
+    void runWaiting();
+    void showProgress(const QString& text);
+    void closeProgress();
+    void lockInput(bool lock);
+    void requestSlot(int slotNum, bool save);
+    void openReceiveAs(QChar letter);
+    void receiveNew(const Flow& flow, QChar letter, const QString& name);
+    void receiveInto(const Flow& flow, QChar letter, const QString& name);
+    bool pauseAfterSlot(const Flow& flow);
+    bool receiveSlotAsNew(const Flow& flow, int slot, const QString& prefix);
+    void restFlows();
+
+    QSettings* const settingsStore;
+    const Definitions definitions{};
+    SysexManager* const sysexManager;
+    PresetInterface* const presetInterface;
+    GlobalPresetInterface* const globalPresetInterface;
+    QWidget* const settingsDialog;
+    Setlist* setlist = nullptr;
+    CopyPasteHandler* copyPasteHandler = nullptr;
+    QWidget* viewContainer = nullptr;
+    ChannelStripTab* channelStripTab = nullptr;
+    ReverbTabForm* reverbTabForm = nullptr;
+
+    QWidget* disableWidget = nullptr;
+    QWidget* progressWidget = nullptr;
+    QWidget* saveAsDialog = nullptr;
+    QWidget* deleteDialog = nullptr;
+    QWidget* receivePresetDialog = nullptr;
+    QWidget* receiveAsDialog = nullptr;
+    QWidget* receiveAllDialog = nullptr;
+    QWidget* renameDialog = nullptr;
+    QWidget* liveMemoryHelpDialog = nullptr;
+
+    FullPowerForm form;
+    ProgressDialogForm progressForm;
+    SaveAsDialogForm saveAsForm;
+    DeleteDialogForm deleteForm;
+    ReceivePresetDialogForm receivePresetForm;
+    ReceiveAsDialogForm receiveAsForm;
+    ReceiveAllDialogForm receiveAllForm;
+    RenameDialogForm renameForm;
+    ConnectionSyncDialogForm connectionSyncForm;
+
+    QAction* clearPresetAct = nullptr;
+    QAction* copyPresetAct = nullptr;
+    QAction* pastePresetAct = nullptr;
+    QAction* pasteNewPresetAct = nullptr;
+    QAction* copyFullChannelAct = nullptr;
+    QAction* pasteFullChannelAct = nullptr;
+    QAction* autoPopulateSetlistAct = nullptr;
+
+    // Held for a control by table, which none is yet.
+    QList<double> phonesDisplayTable;
+    QList<int> phonesSysexSendTable;
+
+    QList<FaderControl> faderControls;
+    QList<QPushButton*> selectButtons;
+    QList<Wire> interfaceWires;
+    QList<Wire> storeSendingWires;
+    QList<Wire> recallWires;
+
+    bool storeWireConnected = false;
+    bool presetSendWireConnected = false;
+    bool shiftSelectActive = false;
+    bool shiftSoloActive = false;
+    QObject* pressedSolo = nullptr;
+    bool auxTabsLocked = false;
     bool demoModeEnabled = false;
+
+    // The number of the mode entry that the view is in, or was in last.
+    int modeEntry = 0;
+    bool modeActive = false;
+    bool entering = false;
+    bool inputLocked = false;
+    QList<std::function<void()>> waitingActions;
+
+    bool presetReadyToReceive = false;
+    bool waitingForSilentRecall = false;
+    bool receivingAllPresets = false;
+    int receivedSlotNumber = 0;
+    // The slot whose end marker may ask for a save.
+    int requestedSlot = -1;
+
+    // By name.
+    QStringList dirtyPresets;
+    bool dirtyPresetInSetlist = false;
+    // Which preset the open rename or delete dialog is about.
+    QString dialogPreset;
 };

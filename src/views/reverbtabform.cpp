@@ -1,7 +1,6 @@
 #include "reverbtabform.h"
 
 #include "forms/reverbform.h"
-#include "pagestyle.h"
 
 #include <QAbstractSlider>
 
@@ -9,7 +8,6 @@ ReverbTabForm::ReverbTabForm(QWidget* parent)
     : ParameterPage(parent, QStringLiteral("Reverb"), {})
 {
     setObjectName(QStringLiteral("reverbTabForm"));
-    setStyleSheet(pageStyleSheet());
     const ReverbForm form(hostWidget(), spokenName());
     setGeometry(hostWidget()->geometry());
     adoptForm(ReverbForm::controlRows(), ReverbForm::buttonRows());

@@ -1,5 +1,7 @@
 #include "shellforms.h"
 
+#include "forms/dialogparts.h"
+
 #include <QCoreApplication>
 #include <QIcon>
 #include <QLabel>
@@ -10,69 +12,7 @@
 #include <QToolButton>
 #include <QWidget>
 
-namespace
-{
-
-constexpr int margin = 16;
-constexpr int buttonHeight = 28;
-constexpr int buttonWidth = 104;
-
-QLabel* addLabel(QWidget* parent, const char* name, const QString& text, const QRect& place)
-{
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(QLatin1String(name));
-    // What is shown may come from a tool or a port's name: never markup.
-    label->setTextFormat(Qt::PlainText);
-    label->setGeometry(place);
-    return label;
-}
-
-QLabel* addRichLabel(QWidget* parent, const char* name, const QString& text, const QRect& place)
-{
-    QLabel* label = addLabel(parent, name, text, place);
-    label->setTextFormat(Qt::RichText);
-    label->setWordWrap(true);
-    return label;
-}
-
-void setupDialog(QWidget* dialog, const char* name, const QString& title)
-{
-    dialog->setObjectName(QLatin1String(name));
-    dialog->setProperty("panel", QStringLiteral("dialog"));
-    dialog->setAttribute(Qt::WA_StyledBackground);
-    dialog->setAccessibleName(title);
-    QLabel* heading =
-        addLabel(dialog, "title", title, {0, 0, dialog->width(), margin + buttonHeight});
-    heading->setProperty("panel", QStringLiteral("heading"));
-    heading->setAlignment(Qt::AlignCenter);
-}
-
-// place counts from the right: 0 is the rightmost of the bottom row.
-QPushButton* addButton(QWidget* dialog, const char* name, const QString& text, int place,
-                       const QString& toolTip)
-{
-    auto* button = new QPushButton(text, dialog);
-    button->setObjectName(QLatin1String(name));
-    button->setToolTip(toolTip);
-    button->setAutoDefault(true);
-    button->setGeometry(dialog->width() - margin - buttonWidth - place * (buttonWidth + 8),
-                        dialog->height() - margin - buttonHeight, buttonWidth, buttonHeight);
-    return button;
-}
-
-// A line with its name at the left and its value, which it returns, at the right.
-QLabel* addNamedValue(QWidget* dialog, const char* name, const QString& caption, int y)
-{
-    const int half = dialog->width() / 2;
-    QLabel* left = addLabel(dialog, "", caption, {margin, y, half - margin - 8, 20});
-    left->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    left->setProperty("panel", QStringLiteral("caption"));
-    QLabel* value = addLabel(dialog, name, {}, {half + 8, y, half - margin - 8, 20});
-    value->setAccessibleName(caption);
-    return value;
-}
-
-} // namespace
+using namespace dialogparts;
 
 void MainForm::setupUi(QWidget* window)
 {

@@ -153,12 +153,13 @@ void FormBuilder::fader(QWidget* parent, const ControlRow& row, const QRect& pla
     auto* slider = new PortableSlider(Qt::Vertical, parent);
     dress(slider, row.name, accessible(row.spoken), row.toolTip);
     setTravel(slider, row);
-    constexpr int width = 32;
+    // A little to the right, for the scale's sake.
+    constexpr int width = 30;
+    constexpr int shift = 5;
     const int middle = place.center().x();
-    slider->setGeometry(middle - width / 2, place.y(), width, place.height() - below);
-
+    slider->setGeometry(middle + shift - width / 2, place.y(), width, place.height() - below);
     (new FaderScale(slider, parent))
-        ->setGeometry(middle - width / 2 - FaderScale::widthInPixels, slider->y(),
+        ->setGeometry(slider->x() - FaderScale::widthInPixels, slider->y(),
                       FaderScale::widthInPixels, slider->height());
 
     int y = place.y() + place.height() - below + gap;

@@ -1,0 +1,513 @@
+// The preset drawer: the list, its buttons and dialogs, the Edit menu, the preferences.
+
+#include "channelstriptab.h"
+#include "copypastehandler.h"
+#include "fullpowerview.h"
+#include "presetinterface.h"
+#include "presetnames.h"
+#include "setlist.h"
+#include "sysexmanager.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDebug>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QSignalBlocker>
+#include <QTextBrowser>
+#include <QTimer>
+#include <QToolButton>
+
+namespace
+{
+
+constexpr int presetsOfReceiveAll = 12;
+
+const QString viewLinkingKey = QStringLiteral("view_linking_enable");
+const QString huiKey = QStringLiteral("hui");
+const QString updatesKey = QStringLiteral("autoCheckForUpdates");
+const QString drawerKey = QStringLiteral("show_preset_drawer");
+const QString rememberKey = QStringLiteral("rememberReceiveDecision");
+const QString decisionKey = QStringLiteral("receiveDecision");
+
+QString onOrOff(bool on) { return on ? QStringLiteral("ON") : QStringLiteral("OFF"); }
+
+void showDirty(QListWidgetItem* item, bool dirty)
+{
+    if (item->font().italic() == dirty && item->data(Qt::FontRole).isValid())
+        return;
+    QFont font(QStringLiteral("Avenir Next"), 10);
+    font.setFamilies({QStringLiteral("Avenir Next"), QStringLiteral("Futura-Normal"),
+                      QStringLiteral("URW Gothic"), QStringLiteral("DejaVu Sans")});
+    if (dirty) {
+        font.setItalic(true);
+        font.setLetterSpacing(QFont::AbsoluteSpacing, -0.5);
+    }
+    item->setFont(font);
+}
+
+} // namespace
+
+// A number that is being typed belongs to the preset that is current now.
+void FullPowerView::commitEditedBox()
+{
+    if (auto* box = qobject_cast<QAbstractSpinBox*>(QApplication::focusWidget()); box != nullptr)
+        box->clearFocus();
+}
+
+void FullPowerView::selectRow(int row)
+{
+    commitEditedBox();
+    form.presetlist->setCurrentRow(row);
+    if (QListWidgetItem* item = form.presetlist->item(row); item != nullptr)
+        form.presetlist->setCurrentItem(item);
+}
+
+void FullPowerView::selectRowWithoutRecall(int row)
+{
+    const WireCut cut({form.presetlist, SIGNAL(currentRowChanged(int)), presetInterface,
+                       SLOT(slotRecallPreset(int))});
+    form.presetlist->setCurrentRow(row);
+}
+
+void FullPowerView::slotSetPresetMenu(int presetNum) { selectRow(presetNum); }
+
+// The list
+
+void FullPowerView::slotPopulatePresetMenu()
+{
+    presetInterface->slotPopulatePresetMenu(form.presetlist);
+    setlist->slotRecallSetlist();
+    checkAllSaveStates();
+    showLibraryLimits();
+}
+
+// A rebuilt list shows nothing dirty. Row 0 never is.
+void FullPowerView::checkAllSaveStates()
+{
+    dirtyPresets.clear();
+    for (int row = 1; row < form.presetlist->count(); ++row)
+        presetInterface->slotCheckSaveState(row);
+}
+
+void FullPowerView::slotPopulateSetlistMenus()
+{
+    setlist->slotPopulateSetlistMenus(form.presetlist);
+    setlist->slotRecallSetlist();
+}
+
+void FullPowerView::slotPopulateSetlistMenusAfterDelete()
+{
+    setlist->slotPopulateSetlistAfterDelete(form.presetlist);
+    setlist->slotRecallSetlist();
+}
+
+void FullPowerView::showLibraryLimits()
+{
+    const int count = presetInterface->slotGetNumPresetsInJson();
+    const bool isFull = presetInterface->isFull();
+    const bool hasRoomForAll = count + presetsOfReceiveAll <= PresetInterface::maxPresets;
+    const QString limit = QStringLiteral("The library holds %1 presets, and that is its limit.")
+                              .arg(PresetInterface::maxPresets);
+    form.saveas->setEnabled(!demoModeEnabled && !isFull);
+    form.saveas->setToolTip(isFull ? limit
+                                   : QStringLiteral("Keep the current state as a new preset."));
+    form.receive_all->setEnabled(!demoModeEnabled && hasRoomForAll);
+    form.receive_all->setToolTip(
+        hasRoomForAll ? QStringLiteral("Fetch all slots of the mixer as new presets.")
+                      : QStringLiteral("The library has no room for twelve more presets."));
+    receivePresetForm.toNew->setEnabled(!isFull);
+    receivePresetForm.toNew->setToolTip(
+        isFull ? limit : QStringLiteral("Keep the preset that stands in this slot."));
+    if (pasteNewPresetAct == nullptr)
+        return;
+    pasteNewPresetAct->setToolTip(isFull ? limit : QString());
+    // At a mode entry pasting is off until something is copied.
+    if (pastePresetAct->isEnabled())
+        slotUpdatePasteAvailability();
+}
+
+void FullPowerView::slotSetPresetListWidgetEnableState(bool enabled)
+{
+    if (enabled) {
+        if (isViewLinkingStored())
+            slotEnableViewChanging(true);
+        form.presetlist->setEnabled(true);
+        // Without a current row, the focus would make the first one current, and recall it.
+        if (form.presetlist->currentRow() >= 0)
+            form.presetlist->setFocus();
+        return;
+    }
+    slotEnableViewChanging(false);
+    form.label->setFocus();
+    form.presetlist->setEnabled(false);
+}
+
+void FullPowerView::slotEnablePresetButtons(bool enabled)
+{
+    if (demoModeEnabled)
+        return;
+    for (QToolButton* button : {form.save, form.deletepreset, form.revert})
+        button->setEnabled(enabled);
+}
+
+void FullPowerView::slotSetDeleteEnabled(bool enabled) { form.deletepreset->setEnabled(enabled); }
+
+void FullPowerView::slotDisplaySaveState(int presetNum, bool dirty)
+{
+    QListWidgetItem* item = form.presetlist->item(qMax(presetNum, 0));
+    if (item == nullptr)
+        return;
+    const QString name = item->text();
+    const bool isSync = name == syncPresetName();
+    if (isSync) {
+        if (!presetInterface->liveMemoryTimer->isActive())
+            emit signalStartLiveMemoryTimeout(1);
+        presetInterface->liveMemoryTicks = 0;
+    }
+    const bool shownDirty = dirty && !isSync;
+    if (!shownDirty)
+        dirtyPresets.removeAll(name);
+    else if (!dirtyPresets.contains(name))
+        dirtyPresets.append(name);
+    dirtyPresetInSetlist = shownDirty && setlist->holds(name);
+    showDirty(item, shownDirty);
+    // The button is about the preset that is shown.
+    if (item != form.presetlist->currentItem())
+        return;
+    // Its unbalanced bracket is part of the text as it has always been.
+    const QString style = shownDirty
+        ? QStringLiteral("QToolButton { background-color:rgba(215, 0, 135, 180) } "
+                         "QToolButton:pressed { background-color: rgb(180, 180, 180; color: "
+                         "rgb(40, 40, 40)) }")
+        : QString();
+    if (form.save->styleSheet() != style)
+        form.save->setStyleSheet(style);
+}
+
+void FullPowerView::slotSelectionMoved(int row)
+{
+    const QListWidgetItem* item = form.presetlist->item(row);
+    if (item != nullptr)
+        slotDisplaySaveState(row, dirtyPresets.contains(item->text()));
+}
+
+void FullPowerView::slotReorderPresetList()
+{
+    const QListWidgetItem* item = form.presetlist->currentItem();
+    if (item == nullptr)
+        return;
+    const QString name = item->text();
+    presetInterface->slotReorderPresets(form.presetlist);
+    selectRow(form.presetlist->rowOf(name));
+}
+
+void FullPowerView::slotMoveLiveMemoryHelpIcon(bool scrollBarIsShowing)
+{
+    form.liveMemoryHelpButton->setGeometry(scrollBarIsShowing ? 176 : 191, 52, 12, 12);
+}
+
+void FullPowerView::slotHideLiveMemoryHelpIcon(bool hide)
+{
+    form.liveMemoryHelpButton->setVisible(!hide);
+}
+
+// Dialogs
+
+void FullPowerView::openDialog(QWidget* dialog, QWidget* focus)
+{
+    disableWidget->raise();
+    disableWidget->show();
+    dialog->raise();
+    dialog->show();
+    focus->setFocus();
+}
+
+void FullPowerView::closeDialog(QWidget* dialog)
+{
+    dialog->close();
+    const auto edits = dialog->findChildren<QLineEdit*>();
+    for (QLineEdit* edit : edits)
+        edit->clear();
+    slotHideDisableWidget();
+}
+
+void FullPowerView::slotCloseDialog()
+{
+    if (sender() == nullptr)
+        return;
+    if (auto* dialog = qobject_cast<QWidget*>(sender()->parent()); dialog != nullptr)
+        closeDialog(dialog);
+}
+
+void FullPowerView::slotHideDisableWidget()
+{
+    for (const QWidget* dialog : dialogs()) {
+        if (!dialog->isHidden()) {
+            disableWidget->show();
+            disableWidget->raise();
+            return;
+        }
+    }
+    disableWidget->close();
+}
+
+void FullPowerView::slotOpenSaveAs() { openDialog(saveAsDialog, saveAsForm.name); }
+
+void FullPowerView::slotOpenReceiveAll() { openDialog(receiveAllDialog, receiveAllForm.prefix); }
+
+void FullPowerView::slotOpenLiveMemoryHelp()
+{
+    openDialog(liveMemoryHelpDialog, connectionSyncForm.ok);
+}
+
+void FullPowerView::slotSavePreset() { presetInterface->slotSavePreset(-1); }
+
+void FullPowerView::slotSaveAs()
+{
+    if (presetInterface->isFull())
+        return;
+    const QString name = presetInterface->slotAppendSuffixToNewPresetName(saveAsForm.name->text());
+    closeDialog(saveAsDialog);
+    emit signalSaveAs(name, false, false);
+    if (presetInterface->slotGetNumPresetsInJson() > 1 && !demoModeEnabled)
+        form.deletepreset->setEnabled(true);
+}
+
+void FullPowerView::slotDeletePreset()
+{
+    if (presetInterface->slotGetNumPresetsInJson() < 2) {
+        qDebug() << "you can't delete the last preset";
+        return;
+    }
+    const QListWidgetItem* item = form.presetlist->currentItem();
+    if (item == nullptr || item->text() == syncPresetName())
+        return;
+    dialogPreset = item->text();
+    deleteForm.label_2->setText(dialogPreset);
+    openDialog(deleteDialog, deleteForm.delete_2);
+}
+
+// Of the preset that the dialog was opened for, whichever is current by now.
+void FullPowerView::slotConfirmDelete()
+{
+    closeDialog(deleteDialog);
+    const int row = form.presetlist->rowOf(dialogPreset);
+    if (row <= 0 || dialogPreset == syncPresetName()) {
+        qDebug() << "delete: there is no preset" << dialogPreset;
+        return;
+    }
+    presetInterface->slotSetCurrentPreset(row);
+    presetInterface->slotDeletePreset();
+}
+
+void FullPowerView::slotCheckToAllowRename(QListWidgetItem* presetItem)
+{
+    if (presetItem == nullptr || presetItem->text() == syncPresetName())
+        return;
+    dialogPreset = presetItem->text();
+    openDialog(renameDialog, renameForm.name);
+}
+
+void FullPowerView::slotRename()
+{
+    const QString oldName = dialogPreset;
+    const QString newName =
+        presetInterface->slotAppendSuffixToNewPresetName(renameForm.name->text());
+    closeDialog(renameDialog);
+    const int row = form.presetlist->rowOf(oldName);
+    if (row <= 0 || newName.isEmpty()) {
+        qDebug() << "rename: there is no preset" << oldName;
+        return;
+    }
+    QComboBox* slotMenu = nullptr;
+    for (QComboBox* menu : qAsConst(form.setlistMenus)) {
+        const QChar letter = menu->objectName().back();
+        if (setlist->presetInSlot(letter) == oldName)
+            slotMenu = menu;
+    }
+
+    const int shown = form.presetlist->currentRow();
+    if (row == shown) {
+        presetInterface->slotRenamePreset(newName);
+    } else {
+        // The mixer selected another meanwhile; it stays.
+        const WireCut menuCut(
+            {presetInterface, SIGNAL(signalPresetMenu(int)), this, SLOT(slotSetPresetMenu(int))});
+        presetInterface->slotSetCurrentPreset(row);
+        presetInterface->slotRenamePreset(newName);
+        presetInterface->slotSetCurrentPreset(shown);
+        selectRowWithoutRecall(shown);
+    }
+    if (slotMenu != nullptr)
+        slotMenu->setCurrentText(newName);
+}
+
+// The Edit menu
+
+void FullPowerView::slotInitFullPowerMenuActions(QAction* clearPreset, QAction* copyPreset,
+                                                 QAction* pastePreset, QAction* pasteNewPreset,
+                                                 QAction* copyFullChannel,
+                                                 QAction* pasteFullChannel,
+                                                 QAction* autoPopulateSetlist)
+{
+    clearPresetAct = clearPreset;
+    copyPresetAct = copyPreset;
+    pastePresetAct = pastePreset;
+    pasteNewPresetAct = pasteNewPreset;
+    copyFullChannelAct = copyFullChannel;
+    pasteFullChannelAct = pasteFullChannel;
+    autoPopulateSetlistAct = autoPopulateSetlist;
+}
+
+QList<Wire> FullPowerView::menuWires()
+{
+    if (clearPresetAct == nullptr)
+        return {};
+    const char* triggered = SIGNAL(triggered());
+    return {
+        {clearPresetAct, triggered, copyPasteHandler, SLOT(slotClearPreset())},
+        {copyPresetAct, triggered, copyPasteHandler, SLOT(slotCopyPreset())},
+        {pastePresetAct, triggered, copyPasteHandler, SLOT(slotPastePreset())},
+        {pasteNewPresetAct, triggered, copyPasteHandler, SLOT(slotPasteNewPreset())},
+        {copyFullChannelAct, triggered, copyPasteHandler, SLOT(slotCopyChannel())},
+        {pasteFullChannelAct, triggered, copyPasteHandler, SLOT(slotPasteChannel())},
+        {autoPopulateSetlistAct, triggered, this, SLOT(slotAutoPopulateSetlist())},
+    };
+}
+
+void FullPowerView::slotConnectMenuItems()
+{
+    for (const Wire& wire : menuWires())
+        wire.connect();
+}
+
+void FullPowerView::slotDisconnectMenuItems()
+{
+    for (const Wire& wire : menuWires())
+        wire.disconnect();
+}
+
+void FullPowerView::slotUpdatePasteAvailability()
+{
+    if (clearPresetAct == nullptr || !modeActive)
+        return;
+    const bool hasPreset = copyPasteHandler->hasCopiedPreset();
+    pastePresetAct->setEnabled(hasPreset);
+    pasteNewPresetAct->setEnabled(hasPreset && !presetInterface->isFull());
+    pasteFullChannelAct->setEnabled(copyPasteHandler->hasCopiedChannel());
+}
+
+void FullPowerView::slotAutoPopulateSetlist() { setlist->slotAutoPopulateSetlist(form.presetlist); }
+
+// Preferences
+
+bool FullPowerView::isViewLinkingStored() const
+{
+    return settingsStore->value(viewLinkingKey, false).toBool();
+}
+
+void FullPowerView::slotSetPreferences()
+{
+    const char* changed = SLOT(slotPreferencesChanged());
+    for (const Wire& wire :
+         {Wire{receivePresetForm.rememberReceiveDecision, SIGNAL(toggled(bool)), this, changed},
+          Wire{receivePresetForm.toSetlistSlot, SIGNAL(clicked()), this, changed},
+          Wire{receivePresetForm.toNew, SIGNAL(clicked()), this, changed},
+          Wire{form.showPreset, SIGNAL(toggled(bool)), this, changed},
+          Wire{form.showPreset, SIGNAL(toggled(bool)), this, SLOT(slotShowPresets(bool))}})
+        wire.connect();
+    if (auto* reset =
+            settingsDialog->findChild<QAbstractButton*>(QStringLiteral("reset_receive_decision"));
+        reset != nullptr)
+        Wire{reset, SIGNAL(clicked()), this, SLOT(slotResetReceiveDecision())}.connect();
+
+    const auto stored = [this](const QString& key, const QVariant& fallback) {
+        if (!settingsStore->contains(key))
+            settingsStore->setValue(key, fallback);
+        return settingsStore->value(key);
+    };
+    struct Switch {
+        QString key;
+        QString button;
+        bool fallback;
+    };
+    for (const Switch& row :
+         {Switch{updatesKey, QStringLiteral("auto_check_for_updates"), true},
+          Switch{viewLinkingKey, viewLinkingKey, false}, Switch{huiKey, huiKey, false}}) {
+        const bool on = stored(row.key, row.fallback).toBool();
+        auto* button = settingsDialog->findChild<QAbstractButton*>(row.button);
+        if (button == nullptr)
+            continue;
+        Wire{button, SIGNAL(toggled(bool)), this, changed}.connect();
+        button->setChecked(on);
+        button->setText(onOrOff(on));
+    }
+    slotEnableViewChanging(isViewLinkingStored());
+    receivePresetForm.rememberReceiveDecision->setChecked(stored(rememberKey, false).toBool());
+    const bool toNew =
+        stored(decisionKey, QStringLiteral("toSlot")).toString() == QStringLiteral("toNew");
+    (toNew ? receivePresetForm.toNew : receivePresetForm.toSetlistSlot)->setChecked(true);
+    // The drawer stands open at first, whatever is stored, and the first click closes it.
+    stored(drawerKey, false);
+    const QSignalBlocker quiet(form.showPreset);
+    form.showPreset->setChecked(true);
+}
+
+void FullPowerView::slotPreferencesChanged()
+{
+    qDebug() << "fpv:slotPrefChanged called";
+    auto* button = qobject_cast<QAbstractButton*>(sender());
+    if (button == nullptr)
+        return;
+    const QString name = button->objectName();
+    const bool on = button->isChecked();
+    if (button == receivePresetForm.rememberReceiveDecision) {
+        settingsStore->setValue(rememberKey, on);
+    } else if (button == receivePresetForm.toSetlistSlot) {
+        if (on)
+            settingsStore->setValue(decisionKey, QStringLiteral("toSlot"));
+    } else if (button == receivePresetForm.toNew) {
+        if (on)
+            settingsStore->setValue(decisionKey, QStringLiteral("toNew"));
+    } else if (name == viewLinkingKey) {
+        settingsStore->setValue(viewLinkingKey, on);
+        button->setText(onOrOff(on));
+        slotEnableViewChanging(on);
+    } else if (name == QLatin1String("auto_check_for_updates")) {
+        settingsStore->setValue(updatesKey, on);
+        button->setText(onOrOff(on));
+    } else if (name == huiKey) {
+        qDebug() << "slotPreferences Changed - hui";
+        settingsStore->setValue(huiKey, on);
+        button->setText(onOrOff(on));
+        sysexManager->slotEnableHuiPort(on);
+    } else if (button == form.showPreset) {
+        qDebug() << "slotPreferences Changed - showPreset";
+        settingsStore->setValue(drawerKey, on);
+    }
+}
+
+void FullPowerView::slotConnectHuiButton(QToolButton* huiEnable)
+{
+    Wire{huiEnable, SIGNAL(toggled(bool)), this, SLOT(slotPreferencesChanged())}.connect();
+}
+
+void FullPowerView::slotDisconnectHuiButton(QToolButton* huiEnable)
+{
+    Wire{huiEnable, SIGNAL(toggled(bool)), this, SLOT(slotPreferencesChanged())}.disconnect();
+}
+
+void FullPowerView::slotResetReceiveDecision()
+{
+    if (sender() == nullptr || sender()->objectName().contains(QLatin1String("all")))
+        return;
+    settingsStore->setValue(rememberKey, false);
+    receivePresetForm.rememberReceiveDecision->setChecked(false);
+}

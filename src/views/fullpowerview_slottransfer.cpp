@@ -1,0 +1,441 @@
+// Presets to and from the mixer's slots, and its live state at a mode entry. These flows wait for
+// the mixer while events pass: anything may happen meanwhile, down to the end of the mode that they
+// began in. One whose mode is over touches nothing any more.
+
+#include "copypastehandler.h"
+#include "fullpowerview.h"
+#include "presetinterface.h"
+#include "presetnames.h"
+#include "setlist.h"
+#include "sysexmanager.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDebug>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QTimer>
+#include <QToolButton>
+
+#include <utility>
+
+namespace
+{
+
+constexpr int slotCount = 12;
+constexpr int pauseMs = 500;
+
+const QString off = QStringLiteral("[OFF]");
+const QString factory = QStringLiteral("[DEFAULT]");
+
+QChar letterOf(int slot) { return QChar(u'A' + slot); }
+int slotNumberOf(QChar letter) { return letter.unicode() - u'A' + 1; }
+
+} // namespace
+
+// Belongs to the mode entry that it began in.
+class FullPowerView::Flow
+{
+public:
+    explicit Flow(FullPowerView* owner)
+        : view(owner)
+        , entry(owner->modeEntry)
+    {
+    }
+
+    bool isAlive() const { return !view.isNull() && view->isCurrent(entry); }
+
+    // Lets events pass until done; false if the flow's time is over first.
+    template <typename Condition> bool waitUntil(Condition done) const
+    {
+        while (isAlive() && !done())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        return isAlive();
+    }
+    bool letEventsPass() const
+    {
+        QCoreApplication::processEvents();
+        return isAlive();
+    }
+
+private:
+    const QPointer<FullPowerView> view;
+    const int entry;
+};
+
+// What events bring during a recall
+
+bool FullPowerView::isRecalling() const { return entering || presetInterface->isRecalling(); }
+
+void FullPowerView::runLater(const std::function<void()>& action) { waitingActions.append(action); }
+
+void FullPowerView::runWaiting()
+{
+    const int entry = modeEntry;
+    while (isCurrent(entry) && !isRecalling() && !waitingActions.isEmpty())
+        waitingActions.takeFirst()();
+}
+
+void FullPowerView::slotDoneWaitingForReconnectOnSilentRecall()
+{
+    waitingForSilentRecall = false;
+    if (!waitingActions.isEmpty())
+        QMetaObject::invokeMethod(this, &FullPowerView::runWaiting, Qt::QueuedConnection);
+}
+
+void FullPowerView::slotPresetIsReadyToReceive() { presetReadyToReceive = true; }
+
+// The sync with the mixer's live state
+
+void FullPowerView::slotSyncOnConnectComplete()
+{
+    if (isRecalling()) {
+        runLater([this] { slotSyncOnConnectComplete(); });
+        return;
+    }
+    presetInterface->slotSetSyncStatus(true);
+    slotConnectToSysexPresetSending();
+    emit signalConnectGlobalSysex();
+}
+
+void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
+{
+    if (isRecalling()) {
+        runLater([this, presetLibraryNumber] { slotRecallPresetSilently(presetLibraryNumber); });
+        return;
+    }
+    if (form.presetlist->currentRow() == presetLibraryNumber)
+        return;
+    if (presetLibraryNumber < 0 || presetLibraryNumber >= form.presetlist->count()) {
+        qDebug() << "there is no preset" << presetLibraryNumber;
+        return;
+    }
+    qDebug() << "Recall Preset Silently on preset change action from the board"
+             << presetLibraryNumber;
+    if (shiftSelectActive)
+        slotDeselectMultiple();
+    const Flow flow(this);
+    slotDisconnectToSysexPresetSending();
+    disconnectStoreSending();
+    for (const Wire& wire : qAsConst(recallWires))
+        wire.disconnect();
+    waitingForSilentRecall = true;
+    selectRow(presetLibraryNumber);
+    if (!flow.waitUntil([this] { return !waitingForSilentRecall; }))
+        return;
+    slotConnectToSysexPresetSending();
+    for (const Wire& wire : qAsConst(recallWires))
+        wire.connect();
+    connectStoreSending();
+}
+
+// Progress
+
+void FullPowerView::showProgress(const QString& text)
+{
+    if (disableWidget->isHidden())
+        disableWidget->show();
+    disableWidget->raise();
+    progressWidget->show();
+    progressWidget->raise();
+    progressForm.found->setText(text);
+}
+
+void FullPowerView::closeProgress()
+{
+    progressWidget->close();
+    progressForm.found->clear();
+    slotHideDisableWidget();
+}
+
+// While the progress box shows, keys, shortcuts and the menu bar are dead, as the sheet keeps off
+// the mouse.
+void FullPowerView::lockInput(bool lock)
+{
+    if (lock == inputLocked)
+        return;
+    inputLocked = lock;
+    if (lock)
+        QCoreApplication::instance()->installEventFilter(this);
+    else
+        QCoreApplication::instance()->removeEventFilter(this);
+    if (auto* menuBar = window()->findChild<QMenuBar*>(); menuBar != nullptr)
+        menuBar->setEnabled(!lock);
+}
+
+void FullPowerView::slotUpdateSendsAndReceives(bool enabled, QChar setlistLetter)
+{
+    const int slot = slotNumberOf(setlistLetter) - 1;
+    if (slot < 0 || slot >= form.sendButtons.size())
+        return;
+    form.sendButtons.at(slot)->setEnabled(enabled);
+    form.receiveButtons.at(slot)->setEnabled(enabled);
+}
+
+// Sending
+
+void FullPowerView::slotSendSinglePreset()
+{
+    constexpr int letterPlace = 4;
+    if (sender() == nullptr || sender()->objectName().size() <= letterPlace)
+        return;
+    const QChar letter = sender()->objectName().at(letterPlace);
+    commitEditedBox();
+    const Flow flow(this);
+    showProgress({});
+    if (shiftSelectActive)
+        slotDeselectMultiple();
+    sysexManager->slotSendDSPUpdatingStatus(false);
+    slotSendPreset(slotNumberOf(letter) - 1, setlist->presetInSlot(letter), true);
+}
+
+void FullPowerView::slotSendAllPresets()
+{
+    commitEditedBox();
+    const Flow flow(this);
+    showProgress({});
+    if (shiftSelectActive)
+        slotDeselectMultiple();
+    sysexManager->slotSendDSPUpdatingStatus(false);
+    for (int slot = 0; slot < slotCount && flow.isAlive(); ++slot)
+        slotSendPreset(slot, setlist->presetInSlot(letterOf(slot)), slot == slotCount - 1);
+}
+
+void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool recallCurrent)
+{
+    const Flow flow(this);
+    if (!flow.letEventsPass())
+        return;
+    const int row = presetName == factory ? -1 : form.presetlist->rowOf(presetName);
+    // A name that no preset has is passed over as "[OFF]" is.
+    if (presetName == factory || (row >= 0 && presetName != off)) {
+        if (row >= 0)
+            presetInterface->slotSavePreset(row);
+        qDebug().noquote() << QStringLiteral(
+                                  "sending preset number %1 / setlist slot %2 to the board")
+                                  .arg(row)
+                                  .arg(letterOf(setlistNumber));
+        presetInterface->slotSendPreset(row);
+        sysexManager->slotSendSaveToSlot(setlistNumber + 1);
+        progressForm.found->setText(
+            QStringLiteral("Sending slot %1 to the board...").arg(letterOf(setlistNumber)));
+        if (!pauseAfterSlot(flow))
+            return;
+    }
+    if (!recallCurrent)
+        return;
+    sysexManager->slotSendDSPUpdatingStatus(true);
+    if (form.presetlist->currentRow() >= 0)
+        presetInterface->slotSendPreset(form.presetlist->currentRow());
+    closeProgress();
+}
+
+// The mixer writes the slot. The wait itself lets no events pass.
+bool FullPowerView::pauseAfterSlot(const Flow& flow)
+{
+    auto* timer = new QTimer(this);
+    timer->start(pauseMs);
+    if (flow.letEventsPass()) {
+        while (timer->isActive()) {
+            if (timer->remainingTime() < 1)
+                timer->stop();
+        }
+        timer->deleteLater();
+    }
+    return flow.letEventsPass();
+}
+
+// Receiving
+
+void FullPowerView::requestSlot(int slotNum, bool save)
+{
+    requestedSlot = slotNum;
+    sysexManager->slotSendSinglePresetRequest(slotNum, save);
+}
+
+void FullPowerView::slotReceiveChoice()
+{
+    receivePresetForm.receive->setEnabled(!receivePresetForm.toNew->isChecked()
+                                          || !receivePresetForm.name->text().isEmpty());
+}
+
+void FullPowerView::openReceiveAs(QChar letter)
+{
+    receiveAsForm.label->setText(QStringLiteral("Name Slot %1").arg(letter));
+    openDialog(receiveAsDialog, receiveAsForm.name);
+}
+
+void FullPowerView::slotAssessReceiveDecision()
+{
+    constexpr int letterPlace = 7;
+    if (sender() == nullptr || sender()->objectName().size() <= letterPlace)
+        return;
+    const QChar letter = sender()->objectName().at(letterPlace);
+    const QString name = setlist->presetInSlot(letter);
+    const bool isFull = presetInterface->isFull();
+    const bool isPreset = form.presetlist->rowOf(name) >= 0;
+    if (!isPreset) {
+        // "[DEFAULT]", or a name that no preset has: there is nothing to copy into.
+        if (!isFull)
+            openReceiveAs(letter);
+        return;
+    }
+    if (!settingsStore->value(QStringLiteral("rememberReceiveDecision"), false).toBool()) {
+        receivePresetForm.label->setText(QStringLiteral("RECEIVE SLOT %1").arg(letter));
+        receivePresetForm.toSetlistSlot->setText(QStringLiteral("Copy into Slot %1").arg(letter));
+        if (isFull)
+            receivePresetForm.toSetlistSlot->setChecked(true);
+        slotReceiveChoice();
+        openDialog(receivePresetDialog,
+                   receivePresetForm.toNew->isChecked()
+                       ? static_cast<QWidget*>(receivePresetForm.name)
+                       : receivePresetForm.receive);
+        return;
+    }
+    if (settingsStore->value(QStringLiteral("receiveDecision")).toString() == QLatin1String("toNew")
+        && !isFull)
+        openReceiveAs(letter);
+    else
+        slotReceiveSinglePreset();
+}
+
+void FullPowerView::slotReceiveSinglePreset()
+{
+    if (sender() == nullptr || sender()->parent() == nullptr || sender()->objectName().isEmpty())
+        return;
+    presetReadyToReceive = false;
+    commitEditedBox();
+    const QString parent = sender()->parent()->objectName();
+    const bool fromDialog = parent == QLatin1String("receivePresetDialogForm");
+    const bool fromNaming = parent == QLatin1String("receiveAsDialogForm");
+    const bool isNew = fromNaming || (fromDialog && receivePresetForm.toNew->isChecked());
+    const QLabel* label = fromNaming ? receiveAsForm.label : receivePresetForm.label;
+    const QString letterSource = fromDialog || fromNaming ? label->text() : sender()->objectName();
+    if (letterSource.isEmpty())
+        return;
+    const QChar letter = letterSource.back();
+    const QString typed = fromNaming ? receiveAsForm.name->text() : receivePresetForm.name->text();
+
+    const Flow flow(this);
+    for (QWidget* dialog : {receivePresetDialog, receiveAsDialog})
+        closeDialog(dialog);
+    if (isNew && (presetInterface->isFull() || typed.isEmpty()))
+        return;
+    showProgress(QStringLiteral("Receiving slot %1 from the board...").arg(letter));
+    slotDisconnectToSysexPresetSending();
+    disconnectStoreSending();
+    if (shiftSelectActive)
+        slotDeselectMultiple();
+    if (isNew)
+        receiveNew(flow, letter, presetInterface->slotAppendSuffixToNewPresetName(typed));
+    else
+        receiveInto(flow, letter, setlist->presetInSlot(letter));
+}
+
+void FullPowerView::receiveNew(const Flow& flow, QChar letter, const QString& name)
+{
+    qDebug() << "make a new preset from the parameters obtained from board slot" << letter
+             << "named" << name;
+    const int previous = presetInterface->currentPresetNumber();
+    emit signalSaveAs(name, true, false);
+    if (!flow.waitUntil([this] { return presetReadyToReceive; }))
+        return;
+    presetReadyToReceive = false;
+    presetInterface->slotCheckSaveState(previous);
+    if (presetInterface->slotGetNumPresetsInJson() > 1)
+        form.deletepreset->setEnabled(true);
+    form.setlistMenus.at(slotNumberOf(letter) - 1)->setCurrentText(name);
+    connectStoreSending();
+    requestSlot(slotNumberOf(letter), true);
+}
+
+void FullPowerView::receiveInto(const Flow& flow, QChar letter, const QString& name)
+{
+    const int row = form.presetlist->rowOf(name);
+    qDebug() << "receive slot" << letter << "from the board and save it into the preset named,"
+             << name << "at this location in the json file" << row;
+    if (row >= 0)
+        selectRow(row);
+    if (!flow.isAlive())
+        return;
+    connectStoreSending();
+    requestSlot(slotNumberOf(letter), false);
+}
+
+void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
+{
+    if (isRecalling()) {
+        runLater([this, slotNum, save] { slotReceiveSinglePresetComplete(slotNum, save); });
+        return;
+    }
+    const bool isAsked = slotNum == requestedSlot;
+    const Flow flow(this);
+    const int current = form.presetlist->currentRow();
+    if (slotNum == 0)
+        slotRecallPresetSilently(current);
+    else if (!receivingAllPresets)
+        presetInterface->slotRecallPreset(current);
+    if (!flow.isAlive())
+        return;
+    if (save && isAsked)
+        presetInterface->slotSavePreset(-1);
+    if (isAsked)
+        requestedSlot = -1;
+    receivedSlotNumber = slotNum;
+    if (!receivingAllPresets)
+        closeProgress();
+}
+
+void FullPowerView::slotReceiveAllPresets()
+{
+    presetReadyToReceive = false;
+    commitEditedBox();
+    if (shiftSelectActive)
+        slotDeselectMultiple();
+    const QString prefix = receiveAllForm.prefix->text();
+    closeDialog(receiveAllDialog);
+    if (prefix.isEmpty()
+        || presetInterface->slotGetNumPresetsInJson() + slotCount > PresetInterface::maxPresets)
+        return;
+    const Flow flow(this);
+    slotDisconnectToSysexPresetSending();
+    disconnectStoreSending();
+    showProgress({});
+    for (int slot = 1; slot <= slotCount; ++slot) {
+        if (!receiveSlotAsNew(flow, slot, prefix))
+            return;
+    }
+    receivingAllPresets = false;
+    connectStoreSending();
+    slotConnectToSysexPresetSending();
+    presetInterface->slotRecallPreset(presetInterface->slotGetNumPresetsInJson() - 1);
+    if (flow.isAlive())
+        closeProgress();
+}
+
+bool FullPowerView::receiveSlotAsNew(const Flow& flow, int slot, const QString& prefix)
+{
+    const QChar letter = letterOf(slot - 1);
+    receivedSlotNumber = 0;
+    const QString name = presetInterface->slotAppendSuffixToNewPresetName(
+        QStringLiteral("%1-%2").arg(prefix, QString(letter)));
+    if (!flow.letEventsPass())
+        return false;
+    progressForm.found->setText(QStringLiteral("Receiving slot %1 from the board...").arg(letter));
+    receivingAllPresets = true;
+    emit signalSaveAs(name, true, true);
+    if (!flow.waitUntil([this] { return presetReadyToReceive; }))
+        return false;
+    presetReadyToReceive = false;
+    if (presetInterface->slotGetNumPresetsInJson() > 1)
+        form.deletepreset->setEnabled(true);
+    form.setlistMenus.at(slot - 1)->setCurrentText(name);
+    requestSlot(slot, true);
+    return flow.waitUntil([this, slot] { return receivedSlotNumber == slot; });
+}
