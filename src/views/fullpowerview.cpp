@@ -184,8 +184,7 @@ void FullPowerView::slotDeInitializeFullPowerMode()
 {
     modeActive = false;
     ++modeEntry;
-    if (shiftSelectActive)
-        slotDeselectMultiple();
+    endMultipleSelection();
     for (QWidget* widget : filteredWidgets())
         widget->removeEventFilter(this);
     presetInterface->slotSetSyncStatus(false);

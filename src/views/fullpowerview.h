@@ -247,6 +247,8 @@ private:
     void deselect(QPushButton* button, int channel);
     void uncheckQuietly(QPushButton* button);
     void showChannelOf(const QString& selectName);
+    // Before a whole preset is laid on the controls: linked ones would move each other.
+    void endMultipleSelection();
     bool isStereo(int channel) const;
     QList<Wire> selectionWires(const QString& older, const QString& newer) const;
 

@@ -186,8 +186,7 @@ void FullPowerView::slotReceiveMainwindowPresetParams(QString jsonName, int valu
 void FullPowerView::slotRecallPresets(QVariantMap preset)
 {
     slotDisconnectElements();
-    if (shiftSelectActive)
-        slotDeselectMultiple();
+    endMultipleSelection();
     for (const FaderControl& control : qAsConst(faderControls)) {
         const QString name = control.widget->objectName();
         const int value = storedInt(preset.value(name), name);

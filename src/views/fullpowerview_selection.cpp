@@ -230,6 +230,12 @@ void FullPowerView::slotShiftDeSelect(int deselectedChannel)
     showChannelOf(selected.last());
 }
 
+void FullPowerView::endMultipleSelection()
+{
+    if (shiftSelectActive || selectedChannels().size() > 1)
+        slotDeselectMultiple();
+}
+
 void FullPowerView::slotDeselectMultiple()
 {
     if (selectedChannels().isEmpty())

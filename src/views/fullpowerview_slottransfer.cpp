@@ -118,8 +118,7 @@ void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
     }
     qDebug() << "Recall Preset Silently on preset change action from the board"
              << presetLibraryNumber;
-    if (shiftSelectActive)
-        slotDeselectMultiple();
+    endMultipleSelection();
     const Flow flow(this);
     slotDisconnectToSysexPresetSending();
     disconnectStoreSending();
@@ -189,8 +188,7 @@ void FullPowerView::slotSendSinglePreset()
     commitEditedBox();
     const Flow flow(this);
     showProgress({});
-    if (shiftSelectActive)
-        slotDeselectMultiple();
+    endMultipleSelection();
     sysexManager->slotSendDSPUpdatingStatus(false);
     slotSendPreset(slotNumberOf(letter) - 1, setlist->presetInSlot(letter), true);
 }
@@ -200,8 +198,7 @@ void FullPowerView::slotSendAllPresets()
     commitEditedBox();
     const Flow flow(this);
     showProgress({});
-    if (shiftSelectActive)
-        slotDeselectMultiple();
+    endMultipleSelection();
     sysexManager->slotSendDSPUpdatingStatus(false);
     for (int slot = 0; slot < slotCount && flow.isAlive(); ++slot)
         slotSendPreset(slot, setlist->presetInSlot(letterOf(slot)), slot == slotCount - 1);
@@ -210,11 +207,17 @@ void FullPowerView::slotSendAllPresets()
 void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool recallCurrent)
 {
     const Flow flow(this);
+    // A name that no preset has is passed over as "[OFF]" is.
+    const int row = presetName == factory ? -1 : form.presetlist->rowOf(presetName);
+    const bool isSent = presetName == factory || (row >= 0 && presetName != off);
+    const QString progress =
+        QStringLiteral("Sending slot %1 to the board...").arg(letterOf(setlistNumber));
+    // Said before already: the parameters go out without a look at the screen.
+    if (isSent)
+        progressForm.found->setText(progress);
     if (!flow.letEventsPass())
         return;
-    const int row = presetName == factory ? -1 : form.presetlist->rowOf(presetName);
-    // A name that no preset has is passed over as "[OFF]" is.
-    if (presetName == factory || (row >= 0 && presetName != off)) {
+    if (isSent) {
         if (row >= 0)
             presetInterface->slotSavePreset(row);
         qDebug().noquote() << QStringLiteral(
@@ -223,8 +226,7 @@ void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool r
                                   .arg(letterOf(setlistNumber));
         presetInterface->slotSendPreset(row);
         sysexManager->slotSendSaveToSlot(setlistNumber + 1);
-        progressForm.found->setText(
-            QStringLiteral("Sending slot %1 to the board...").arg(letterOf(setlistNumber)));
+        progressForm.found->setText(progress);
         if (!pauseAfterSlot(flow))
             return;
     }
@@ -330,8 +332,7 @@ void FullPowerView::slotReceiveSinglePreset()
     showProgress(QStringLiteral("Receiving slot %1 from the board...").arg(letter));
     slotDisconnectToSysexPresetSending();
     disconnectStoreSending();
-    if (shiftSelectActive)
-        slotDeselectMultiple();
+    endMultipleSelection();
     if (isNew)
         receiveNew(flow, letter, presetInterface->slotAppendSuffixToNewPresetName(typed));
     else
@@ -396,8 +397,7 @@ void FullPowerView::slotReceiveAllPresets()
 {
     presetReadyToReceive = false;
     commitEditedBox();
-    if (shiftSelectActive)
-        slotDeselectMultiple();
+    endMultipleSelection();
     const QString prefix = receiveAllForm.prefix->text();
     closeDialog(receiveAllDialog);
     if (prefix.isEmpty()
