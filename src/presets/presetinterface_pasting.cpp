@@ -35,8 +35,10 @@ void PresetInterface::pastePreset(const QVariantMap& values)
 
 void PresetInterface::pasteParameters(const QVariantMap& values)
 {
-    if (layOverCurrent(values))
-        showAndSend(values.keys());
+    if (!layOverCurrent(values))
+        return;
+    showAndSend(values.keys());
+    emit signalPresetDoneRecalling();
 }
 
 QVariantMap PresetInterface::blankPreset() const

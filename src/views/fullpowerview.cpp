@@ -136,6 +136,8 @@ void FullPowerView::slotInitializeFullPowerMode()
     setlist->slotRecallSetlist();
     showLibraryLimits();
     slotSetPreferences();
+    if (!isCurrent(entry))
+        return;
     if (!demoModeEnabled) {
         slotDisconnectToSysexPresetSending();
         emit signalDisconnectGlobalSysex();
@@ -151,6 +153,7 @@ void FullPowerView::slotInitializeFullPowerMode()
         if (!isCurrent(entry))
             return;
         connectStoreSending();
+        liveMemoryAsked = true;
         sysexManager->slotSendSinglePresetRequest(0, false);
     }
     emit signalFindAudioDeviceNames();
@@ -207,6 +210,7 @@ void FullPowerView::slotAppClosing()
 void FullPowerView::restFlows()
 {
     entering = false;
+    liveMemoryAsked = false;
     receivingAllPresets = false;
     presetReadyToReceive = false;
     waitingForSilentRecall = false;

@@ -260,6 +260,7 @@ private:
     void showLibraryLimits();
     void openDialog(QWidget* dialog, QWidget* focus);
     void closeDialog(QWidget* dialog);
+    bool isDialogOpen() const;
     bool isViewLinkingStored() const;
     QList<Wire> menuWires();
 
@@ -274,6 +275,8 @@ private:
     void lockInput(bool lock);
     void requestSlot(int slotNum, bool save);
     void openReceiveAs(QChar letter);
+    bool canReceiveNew() const;
+    void giveUpReceiving();
     void receiveNew(const Flow& flow, QChar letter, const QString& name);
     void receiveInto(const Flow& flow, QChar letter, const QString& name);
     bool pauseAfterSlot(const Flow& flow);
@@ -342,6 +345,8 @@ private:
     int modeEntry = 0;
     bool modeActive = false;
     bool entering = false;
+    // An end marker from before this entry's request tells of an older live state.
+    bool liveMemoryAsked = false;
     bool inputLocked = false;
     QList<std::function<void()>> waitingActions;
 

@@ -24,6 +24,8 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -139,13 +141,15 @@ void FullPowerView::slotSetPresetListWidgetEnableState(bool enabled)
         if (isViewLinkingStored())
             slotEnableViewChanging(true);
         form.presetlist->setEnabled(true);
-        // Without a current row, the focus would make the first one current, and recall it.
-        if (form.presetlist->currentRow() >= 0)
+        // Without a current row, the focus would make the first one current, and recall it; and
+        // what is typed in a dialog would search the list, and recall what it finds.
+        if (form.presetlist->currentRow() >= 0 && !isDialogOpen())
             form.presetlist->setFocus();
         return;
     }
     slotEnableViewChanging(false);
-    form.label->setFocus();
+    if (!isDialogOpen())
+        form.label->setFocus();
     form.presetlist->setEnabled(false);
 }
 
@@ -246,16 +250,21 @@ void FullPowerView::slotCloseDialog()
         closeDialog(dialog);
 }
 
+bool FullPowerView::isDialogOpen() const
+{
+    const QList<QWidget*> all = dialogs();
+    return std::any_of(all.cbegin(), all.cend(),
+                       [](const QWidget* dialog) { return !dialog->isHidden(); });
+}
+
 void FullPowerView::slotHideDisableWidget()
 {
-    for (const QWidget* dialog : dialogs()) {
-        if (!dialog->isHidden()) {
-            disableWidget->show();
-            disableWidget->raise();
-            return;
-        }
+    if (isDialogOpen()) {
+        disableWidget->show();
+        disableWidget->raise();
+    } else {
+        disableWidget->close();
     }
-    disableWidget->close();
 }
 
 void FullPowerView::slotOpenSaveAs() { openDialog(saveAsDialog, saveAsForm.name); }
@@ -438,6 +447,7 @@ void FullPowerView::slotSetPreferences()
         QString button;
         bool fallback;
     };
+    const int entry = modeEntry;
     for (const Switch& row :
          {Switch{updatesKey, QStringLiteral("auto_check_for_updates"), true},
           Switch{viewLinkingKey, viewLinkingKey, false}, Switch{huiKey, huiKey, false}}) {
@@ -447,6 +457,9 @@ void FullPowerView::slotSetPreferences()
             continue;
         Wire{button, SIGNAL(toggled(bool)), this, changed}.connect();
         button->setChecked(on);
+        // The bridge may have opened a box about its ports, and events let a newer mode begin.
+        if (entry != modeEntry)
+            return;
         button->setText(onOrOff(on));
     }
     slotEnableViewChanging(isViewLinkingStored());

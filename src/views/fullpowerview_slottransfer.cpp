@@ -95,6 +95,10 @@ void FullPowerView::slotPresetIsReadyToReceive() { presetReadyToReceive = true; 
 
 void FullPowerView::slotSyncOnConnectComplete()
 {
+    if (!liveMemoryAsked) {
+        qDebug() << "the end of a live memory that was not asked for";
+        return;
+    }
     if (isRecalling()) {
         runLater([this] { slotSyncOnConnectComplete(); });
         return;
@@ -120,6 +124,8 @@ void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
              << presetLibraryNumber;
     endMultipleSelection();
     const Flow flow(this);
+    // Not so before the sync is complete.
+    const bool wasSending = presetSendWireConnected;
     slotDisconnectToSysexPresetSending();
     disconnectStoreSending();
     for (const Wire& wire : qAsConst(recallWires))
@@ -128,7 +134,8 @@ void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
     selectRow(presetLibraryNumber);
     if (!flow.waitUntil([this] { return !waitingForSilentRecall; }))
         return;
-    slotConnectToSysexPresetSending();
+    if (wasSending)
+        slotConnectToSysexPresetSending();
     for (const Wire& wire : qAsConst(recallWires))
         wire.connect();
     connectStoreSending();
@@ -267,6 +274,22 @@ void FullPowerView::slotReceiveChoice()
                                           || !receivePresetForm.name->text().isEmpty());
 }
 
+bool FullPowerView::canReceiveNew() const
+{
+    // A new preset is made from the current one.
+    return !presetInterface->isFull() && presetInterface->currentPresetNumber() >= 0
+        && form.presetlist->count() > 0;
+}
+
+void FullPowerView::giveUpReceiving()
+{
+    qDebug() << "no preset could be made to receive into";
+    receivingAllPresets = false;
+    connectStoreSending();
+    slotConnectToSysexPresetSending();
+    closeProgress();
+}
+
 void FullPowerView::openReceiveAs(QChar letter)
 {
     receiveAsForm.label->setText(QStringLiteral("Name Slot %1").arg(letter));
@@ -280,7 +303,7 @@ void FullPowerView::slotAssessReceiveDecision()
         return;
     const QChar letter = sender()->objectName().at(letterPlace);
     const QString name = setlist->presetInSlot(letter);
-    const bool isFull = presetInterface->isFull();
+    const bool isFull = !canReceiveNew();
     const bool isPreset = form.presetlist->rowOf(name) >= 0;
     if (!isPreset) {
         // "[DEFAULT]", or a name that no preset has: there is nothing to copy into.
@@ -327,7 +350,7 @@ void FullPowerView::slotReceiveSinglePreset()
     const Flow flow(this);
     for (QWidget* dialog : {receivePresetDialog, receiveAsDialog})
         closeDialog(dialog);
-    if (isNew && (presetInterface->isFull() || typed.isEmpty()))
+    if (isNew && (!canReceiveNew() || typed.isEmpty()))
         return;
     showProgress(QStringLiteral("Receiving slot %1 from the board...").arg(letter));
     slotDisconnectToSysexPresetSending();
@@ -344,7 +367,12 @@ void FullPowerView::receiveNew(const Flow& flow, QChar letter, const QString& na
     qDebug() << "make a new preset from the parameters obtained from board slot" << letter
              << "named" << name;
     const int previous = presetInterface->currentPresetNumber();
+    const int count = presetInterface->slotGetNumPresetsInJson();
     emit signalSaveAs(name, true, false);
+    if (flow.isAlive() && presetInterface->slotGetNumPresetsInJson() == count) {
+        giveUpReceiving();
+        return;
+    }
     if (!flow.waitUntil([this] { return presetReadyToReceive; }))
         return;
     presetReadyToReceive = false;
@@ -400,7 +428,7 @@ void FullPowerView::slotReceiveAllPresets()
     endMultipleSelection();
     const QString prefix = receiveAllForm.prefix->text();
     closeDialog(receiveAllDialog);
-    if (prefix.isEmpty()
+    if (prefix.isEmpty() || !canReceiveNew()
         || presetInterface->slotGetNumPresetsInJson() + slotCount > PresetInterface::maxPresets)
         return;
     const Flow flow(this);
@@ -429,7 +457,12 @@ bool FullPowerView::receiveSlotAsNew(const Flow& flow, int slot, const QString& 
         return false;
     progressForm.found->setText(QStringLiteral("Receiving slot %1 from the board...").arg(letter));
     receivingAllPresets = true;
+    const int count = presetInterface->slotGetNumPresetsInJson();
     emit signalSaveAs(name, true, true);
+    if (flow.isAlive() && presetInterface->slotGetNumPresetsInJson() == count) {
+        giveUpReceiving();
+        return false;
+    }
     if (!flow.waitUntil([this] { return presetReadyToReceive; }))
         return false;
     presetReadyToReceive = false;

@@ -90,7 +90,8 @@ private slots:
         QTEST(static_cast<int>(sent.size()), "count");
         QCOMPARE(store->workingPreset(1), target);
         // Not in a recall's brackets: a stereo partner follows.
-        const QString events = "cut lock recall:target " + sent.join(' ') + " join free dirty:1";
+        const QString events =
+            "cut lock recall:target " + sent.join(' ') + " join free dirty:1 done";
         QCOMPARE(recorder->take(), sent.isEmpty() ? QString() : events);
     }
 
