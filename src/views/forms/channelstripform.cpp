@@ -155,7 +155,7 @@ QFrame* layRouting(FormBuilder& builder, const QList<ControlRow>& rows, int left
     return panel;
 }
 
-void layPan(FormBuilder& builder, const QList<ControlRow>& rows, int left)
+QFrame* layPan(FormBuilder& builder, const QList<ControlRow>& rows, int left)
 {
     QFrame* panel = builder.group("pan_frame", QStringLiteral("PAN"),
                                   {left, pageHeight - margin - panHeight, routingWidth, panHeight});
@@ -163,6 +163,7 @@ void layPan(FormBuilder& builder, const QList<ControlRow>& rows, int left)
     builder.knob(panel, rowNamed(rows, "pan"), {middle, 16});
     builder.label(panel, QStringLiteral("L"), {middle - 52, 60, 16, 16});
     builder.label(panel, QStringLiteral("R"), {middle + 36, 60, 16, 16});
+    return panel;
 }
 
 } // namespace
@@ -182,11 +183,11 @@ ChannelStripForm::ChannelStripForm(QWidget* host, const QString& spokenPage, int
     QFrame* dynamics = layDynamics(builder, left);
     left += dynamicsWidth + margin;
     routing = layRouting(builder, rows, left);
-    layPan(builder, rows, left);
+    QFrame* pan = layPan(builder, rows, left);
 
     phantom = host->findChild<QToolButton*>(QStringLiteral("phantom"));
-    focusAreas = {eq, gain, dynamics, routing,
-                  host->findChild<QFrame*>(QStringLiteral("stereoGroup_frame"))};
+    focusAreas = {eq,      gain, dynamics,
+                  routing, pan,  host->findChild<QFrame*>(QStringLiteral("stereoGroup_frame"))};
 }
 
 QList<ControlRow> ChannelStripForm::controlRows(int channel)
