@@ -1,0 +1,379 @@
+#include "viewfixture.h"
+
+#include <QRandomGenerator>
+#include <QStackedWidget>
+
+// Clicks are told as "3 S5 mains": on channel 3, on channel 5 with Shift, on the mains.
+class TestSelection : public TestCase
+{
+    Q_OBJECT
+
+    static QString fader(int channel) { return QString("faderframe_ch%1_fader").arg(channel); }
+    // Of the button or the page.
+    static QString word(const QString& name) { return name.section('_', 1, 1).remove("ch"); }
+    static QString selectName(const QString& word)
+    {
+        return QString("faderframe_%1_select").arg(word.toInt() > 0 ? "ch" + word : word);
+    }
+
+    static void click(Desk& desk, const QString& clicks)
+    {
+        for (const QString& one : clicks.split(' ')) {
+            const bool shift = one.startsWith('S');
+            desk.click(selectName(one.mid(shift)), shift ? Qt::ShiftModifier : Qt::NoModifier);
+        }
+    }
+    static void setPaired(Desk& desk, int first, int on)
+    {
+        desk.hear(QString("channelstrip_ch%1_stereo").arg(first), on);
+    }
+    static QStringList lit(const Desk& desk)
+    {
+        QStringList words;
+        for (const auto* button : desk.at("faderGroupBox")->findChildren<QAbstractButton*>())
+            if (button->objectName().endsWith("_select") && button->isChecked())
+                words << word(button->objectName());
+        return words;
+    }
+    static QStringList selected(const Desk& desk)
+    {
+        QStringList words;
+        for (const QString& name : desk.view->selectedChannels())
+            words << word(name);
+        return words;
+    }
+    static QString pageShown(const Desk& desk)
+    {
+        const auto* pages = desk.view->channelStrips()->findChild<QStackedWidget*>();
+        return word(pages->currentWidget()->objectName());
+    }
+
+private slots:
+    void byMouse()
+    {
+        const struct {
+            QString clicks;
+            QString selected;
+            QString lit; // 7 and 8 are a pair
+        } rows[]{
+            {"3", "3", "3"},
+            {"3 3", "3", "3"},
+            {"S3", "1 3", "1 3"},
+            {"S1", "1", "1"},
+            {"S5 S3", "1 5 3", "1 3 5"},
+            {"S5 S3 S5", "1 3", "1 3"},
+            {"S5 S3 S1", "5 3", "3 5"},
+            {"S5 S3 5", "5", "5"},
+            {"S5 S3 2", "2", "2"},
+            {"S7", "1 7", "1 7 8"},
+            {"S8", "1 8", "1 7 8"},
+            {"S7 S7", "1", "1"},
+            {"S7 S8", "1", "1"},
+            {"S8 S7", "1", "1"},
+            {"S7 S1 8", "8", "8"},
+            {"S7 2", "2", "2"},
+            {"mains", "mains", "mains"},
+            {"S3 aux2", "aux2", "aux2"},
+            {"S3 Smains", "mains", "mains"},
+            {"aux2 S3", "3", "3"},
+            {"phones Saux1", "aux1", "aux1"},
+            {"mains Smains", "mains", "mains"},
+        };
+        for (const auto& row : rows) {
+            Desk desk;
+            desk.start();
+            setPaired(desk, 7, 1);
+            click(desk, row.clicks);
+            QCOMPARE(row.clicks + ": " + selected(desk).join(' '),
+                     row.clicks + ": " + row.selected);
+            QCOMPARE(row.clicks + ": " + lit(desk).join(' '), row.clicks + ": " + row.lit);
+            QCOMPARE(pageShown(desk), selected(desk).last());
+        }
+    }
+
+    // Somebody is always selected; what is selected together moves together, each channel told to
+    // the mixer once; nobody else moves.
+    void anyClicks()
+    {
+        Desk desk;
+        desk.start();
+        QRandomGenerator random(20);
+        QStringList channels{"mains", "aux1", "phones"};
+        for (int channel = 1; channel <= 8; ++channel)
+            channels << QString::number(channel);
+        for (int i = 0; i < 300; ++i) {
+            if (i % 20 == 19)
+                setPaired(desk, 1 + 2 * random.bounded(4), random.bounded(2));
+            const QString shift = random.bounded(4) > 0 ? "S" : "";
+            click(desk, shift + channels.at(random.bounded(i % 30 == 0 ? 0 : 3, 11)));
+            const QStringList together = selected(desk);
+            QVERIFY(!together.isEmpty());
+            for (const QString& channel : together)
+                QVERIFY(lit(desk).contains(channel));
+            for (const QString& channel : lit(desk)) {
+                const int number = channel.toInt();
+                const QString partner = QString::number(number % 2 == 1 ? number + 1 : number - 1);
+                const QString stereo = QString("channelstrip_ch%1_stereo").arg(number);
+                QVERIFY(together.contains(channel)
+                        || (together.contains(partner) && desk.shown(stereo) == 1));
+            }
+            QVERIFY(lit(desk).contains(pageShown(desk))); // of a pair either's
+            if (together.first().toInt() == 0)
+                continue;
+            for (const QString pattern :
+                 {"faderframe_ch%1_fader", "reverbtab_ch%1_send_level", "faderframe_ch%1_mute",
+                  "channelstrip_ch%1_eq_mid_gain"}) {
+                // Of a strip's controls those of the newest lead, which are on screen.
+                const QString key = pattern.arg(pattern.startsWith("channelstrip")
+                                                    ? together.last()
+                                                    : together.at(random.bounded(together.size())));
+                const int value = pattern.endsWith("mute") ? 1 - desk.shown(key) : 9000 + i;
+                for (const QString& channel : together)
+                    desk.set(pattern.arg(channel), desk.shown(key));
+                desk.sent();
+                desk.set(key, value);
+                QStringList sent = desk.sent().split(' ');
+                QStringList expected;
+                for (const QString& channel : together)
+                    expected << QString("%1=%2").arg(pattern.arg(channel)).arg(value);
+                sent.sort();
+                expected.sort();
+                QCOMPARE(sent, expected);
+            }
+        }
+    }
+
+    void trimIsAChannelsOwn()
+    {
+        Desk desk;
+        desk.start();
+        click(desk, "S3 S5");
+        desk.sent();
+        desk.set("channelstrip_ch5_trim", 7);
+        QCOMPARE(desk.sent(), "channelstrip_ch5_trim=7");
+    }
+
+    void byTheMixer()
+    {
+        const struct {
+            QString clicks;
+            QByteArray heard;
+            QString then;
+            QString sent;
+        } rows[]{
+            {"3", "0605", "5", "06000000000005"},
+            {"3", "0603", "3", ""},
+            {"3 S5", "0607", "7", "06000000000007"},
+            {"3 S5 S1", "0605", "5", ""},
+            {"1 S7", "0608", "8", ""}, // lit as the partner
+            {"3", "0609", "mains", "06000000000009"},
+            {"aux2", "0602", "2", "06000000000002"},
+            {"3 S5", "050d", "phones", ""},
+            {"3", "0600", "phones", ""},
+        };
+        for (const auto& row : rows) {
+            for (const bool linked : {true, false}) {
+                Desk desk(libraryOf(fewNames), {{"view_linking_enable", linked}});
+                desk.start();
+                setPaired(desk, 7, 1);
+                click(desk, row.clicks);
+                const QString before = selected(desk).join(' ');
+                desk.sent();
+                desk.hear(row.heard);
+                QCOMPARE(desk.sent(), linked ? row.sent : QString());
+                QCOMPARE(selected(desk).join(' '), linked ? row.then : before);
+                if (linked)
+                    QCOMPARE(lit(desk), QStringList{row.then});
+            }
+        }
+    }
+
+    void tabs()
+    {
+        const QStringList names{"surround", "channelStrip", "reverb", "midi", "usb"};
+        const struct {
+            QByteArray action; // a tab, an output, or what the mixer says
+            int page;
+            QString sent;
+        } rows[]{
+            {"channelStrip", 1, ""},
+            {"reverb", 2, "05000000000005"},
+            {"reverb", 2, "05000000000005"},
+            {"midi", 3, ""},
+            {"surround", 0, ""},
+            {"phones", 1, "0500000000000d 0500000000000d"},
+            {"usb", 4, ""},
+            {"channelStrip", 1, "0500000000000d"},
+            {"mains", 1, "05000000000000 06000000000009"},
+            {"0505", 2, "05000000000005"},
+            {"0506", 0, ""},
+            {"0500", 1, ""},
+            {"0507", 1, ""},
+        };
+        Desk desk(libraryOf(fewNames), {{"view_linking_enable", true}});
+        desk.start();
+        for (const auto& row : rows) {
+            if (names.contains(row.action))
+                desk.button(row.action + "TabButton")->click();
+            else if (row.action.startsWith('0'))
+                desk.hear(row.action);
+            else
+                click(desk, row.action);
+            QCOMPARE(row.action + ": " + desk.sent(), row.action + ": " + row.sent);
+            QCOMPARE(desk.at<QStackedWidget>("mainTabWidget")->currentIndex(), row.page);
+            for (const QString& tab : names)
+                QCOMPARE(desk.button(tab + "TabButton")->isChecked(), tab == names[row.page]);
+        }
+        for (const int number : {-1, 3, 99})
+            desk.view->slotChangeTabViewFromSysex(number);
+        QVERIFY(desk.button("channelStripTabButton")->isChecked());
+    }
+
+    void auxLocking()
+    {
+        const struct {
+            QString clicks;
+            QString tab;
+            QString then;
+            int page;
+        } rows[]{
+            {"aux2", "channelStrip", "1", 1}, {"mains", "midi", "1", 3},
+            {"aux2", "reverb", "1", 0},       {"3 S5", "channelStrip", "3 5", 1},
+            {"3 S5 Saux2", "usb", "1", 4},
+        };
+        for (const auto& row : rows) {
+            Desk desk(libraryOf(fewNames), {{"view_linking_enable", true}});
+            desk.start();
+            click(desk, row.clicks);
+            desk.button(row.tab + "TabButton")->click();
+            desk.sent();
+            desk.view->slotSetAuxTabLocking(true);
+            QCOMPARE(selected(desk).join(' '), row.then);
+            QCOMPARE(lit(desk).join(' '), row.then);
+            QCOMPARE(pageShown(desk), selected(desk).last());
+            QCOMPARE(desk.at<QStackedWidget>("mainTabWidget")->currentIndex(), row.page);
+            QCOMPARE(desk.sent(), row.tab == "reverb" ? "05000000000006" : "");
+            for (const bool locked : {true, false}) {
+                desk.view->slotSetAuxTabLocking(locked);
+                for (const char* name :
+                     {"faderframe_mains_select", "faderframe_aux1_mute", "faderframe_aux2_fader",
+                      "faderframe_aux3_fader_level", "faderframe_aux1_select", "reverbTabButton"})
+                    QCOMPARE(desk.at(name)->isEnabled(), !locked);
+                QVERIFY(desk.at("faderframe_mains_fader")->isEnabled());
+                QVERIFY(desk.at("faderframe_phones_select")->isEnabled());
+            }
+            click(desk, "7");
+            QCOMPARE(desk.sent(), "06000000000007"); // linked again
+        }
+    }
+
+    void aPairIsNotSelectedTwice()
+    {
+        Desk desk;
+        desk.start();
+        click(desk, "2 S5 S1");
+        setPaired(desk, 1, 1);
+        QCOMPARE(selected(desk), (QStringList{"5", "1"}));
+        desk.set(fader(5), 7000);
+        QCOMPARE(desk.shown(fader(1)), 7000);
+        QCOMPARE(desk.shown(fader(2)), 6000);
+        desk.set("channelstrip_ch1_stereo", 0);
+        QCOMPARE(selected(desk), QStringList{"1"});
+        QCOMPARE(lit(desk), QStringList{"1"});
+    }
+
+    // Linked controls would move each other while a preset is laid on them.
+    void aRecallEndsTheSelection()
+    {
+        for (const QString by : {"row", "revert", "paste", "row after a press drawn off"}) {
+            Desk desk;
+            desk.start();
+            desk.clickRow(1);
+            desk.actions[1]->trigger();
+            click(desk, "1 S2 S3");
+            desk.set(fader(3), 7500);
+            if (by == "revert")
+                desk.click("revert");
+            else if (by == "paste")
+                desk.actions[2]->trigger();
+            if (by.contains("press")) {
+                QWidget* other = desk.at(selectName("7"));
+                QTest::mousePress(other, Qt::LeftButton);
+                QTest::mouseMove(other, QPoint(-50, -50));
+                QTest::mouseRelease(other, Qt::LeftButton, {}, QPoint(-50, -50));
+            }
+            const int preset = by.startsWith("row") ? 2 : 1;
+            if (preset == 2)
+                desk.clickRow(preset);
+            QCOMPARE(by + selected(desk).join(' '), by + "3");
+            QCOMPARE(lit(desk), QStringList{"3"});
+            QCOMPARE(desk.shown(fader(1)), 5000 + 100 * preset);
+            QCOMPARE(desk.shown(fader(2)), 6000 + 100 * preset);
+            desk.set(fader(3), 7600);
+            QCOMPARE(desk.shown(fader(1)), 5000 + 100 * preset);
+        }
+    }
+
+    void aPasteGoesToTheChannelShown()
+    {
+        Desk desk;
+        desk.start();
+        click(desk, "1 S3 S3"); // back to 1
+        desk.actions[4]->trigger();
+        click(desk, "4 S5");
+        desk.actions[5]->trigger();
+        QCOMPARE(desk.value(fader(5)), 5000);
+        QVERIFY(!desk.preset(0).contains(fader(4)));
+        QCOMPARE(selected(desk), QStringList{"5"});
+    }
+
+    void solo()
+    {
+        const struct {
+            QString selection;
+            QString actions; // "S" a click with Shift, "m" the mixer, "k" the keyboard
+            QString soloed;
+            QString sentByTheLast;
+        } rows[]{
+            {"1", "1 3", "1 3", "3=1"},
+            {"1", "1 3 S5", "5", "1=0 3=0 5=1"},
+            {"1", "S5 1", "1 5", "1=1"},
+            {"1", "S5 k1", "1 5", "1=1"},
+            {"1", "S5 m1", "1 5", ""},
+            {"1", "S5 1 S5", "", "1=0 5=0"},
+            {"1 S3", "5 S1", "1 3", "1=1 3=1 5=0"},
+            {"1 S3", "S5 1", "1 3 5", "1=1 3=1"},
+            {"1 S3", "1 S5", "5", "1=0 3=0 5=1"},
+        };
+        for (const auto& row : rows) {
+            Desk desk;
+            desk.start();
+            click(desk, row.selection);
+            for (const QString& action : row.actions.split(' ')) {
+                desk.sent();
+                const QString name = QString("faderframe_ch%1_solo").arg(action.back());
+                if (action.startsWith('m'))
+                    desk.hear(name, 1);
+                else if (action.startsWith('k'))
+                    QTest::keyClick(desk.at(name), Qt::Key_Space);
+                else
+                    desk.click(name, action.startsWith('S') ? Qt::ShiftModifier : Qt::NoModifier);
+            }
+            QStringList sent =
+                desk.sent().remove("faderframe_ch").remove("_solo").split(' ', Qt::SkipEmptyParts);
+            sent.sort();
+            QCOMPARE(row.actions + ": " + sent.join(' '), row.actions + ": " + row.sentByTheLast);
+            QStringList soloed;
+            for (int channel = 1; channel <= 8; ++channel) {
+                const QString name = QString("faderframe_ch%1_solo").arg(channel);
+                QCOMPARE(desk.value(name), desk.shown(name));
+                if (desk.shown(name) != 0)
+                    soloed << QString::number(channel);
+            }
+            QCOMPARE(row.actions + ": " + soloed.join(' '), row.actions + ": " + row.soloed);
+        }
+    }
+};
+
+QTEST_MAIN(TestSelection)
+#include "tst_selection.moc"
