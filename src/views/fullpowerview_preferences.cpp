@@ -1,0 +1,196 @@
+// The Edit menu and the preferences.
+
+#include "copypastehandler.h"
+#include "fullpowerview.h"
+#include "presetinterface.h"
+#include "setlist.h"
+#include "sysexmanager.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDebug>
+#include <QRadioButton>
+#include <QSettings>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+namespace
+{
+
+const QString viewLinkingKey = QStringLiteral("view_linking_enable");
+const QString huiKey = QStringLiteral("hui");
+const QString updatesKey = QStringLiteral("autoCheckForUpdates");
+const QString drawerKey = QStringLiteral("show_preset_drawer");
+const QString rememberKey = QStringLiteral("rememberReceiveDecision");
+const QString decisionKey = QStringLiteral("receiveDecision");
+
+QString onOrOff(bool on) { return on ? QStringLiteral("ON") : QStringLiteral("OFF"); }
+
+} // namespace
+
+// The Edit menu
+
+void FullPowerView::slotInitFullPowerMenuActions(QAction* clearPreset, QAction* copyPreset,
+                                                 QAction* pastePreset, QAction* pasteNewPreset,
+                                                 QAction* copyFullChannel,
+                                                 QAction* pasteFullChannel,
+                                                 QAction* autoPopulateSetlist)
+{
+    clearPresetAct = clearPreset;
+    copyPresetAct = copyPreset;
+    pastePresetAct = pastePreset;
+    pasteNewPresetAct = pasteNewPreset;
+    copyFullChannelAct = copyFullChannel;
+    pasteFullChannelAct = pasteFullChannel;
+    autoPopulateSetlistAct = autoPopulateSetlist;
+}
+
+QList<Wire> FullPowerView::menuWires()
+{
+    if (clearPresetAct == nullptr)
+        return {};
+    const char* triggered = SIGNAL(triggered());
+    return {
+        {clearPresetAct, triggered, copyPasteHandler, SLOT(slotClearPreset())},
+        {copyPresetAct, triggered, copyPasteHandler, SLOT(slotCopyPreset())},
+        {pastePresetAct, triggered, copyPasteHandler, SLOT(slotPastePreset())},
+        {pasteNewPresetAct, triggered, copyPasteHandler, SLOT(slotPasteNewPreset())},
+        {copyFullChannelAct, triggered, copyPasteHandler, SLOT(slotCopyChannel())},
+        {pasteFullChannelAct, triggered, copyPasteHandler, SLOT(slotPasteChannel())},
+        {autoPopulateSetlistAct, triggered, this, SLOT(slotAutoPopulateSetlist())},
+    };
+}
+
+void FullPowerView::slotConnectMenuItems()
+{
+    for (const Wire& wire : menuWires())
+        wire.connect();
+}
+
+void FullPowerView::slotDisconnectMenuItems()
+{
+    for (const Wire& wire : menuWires())
+        wire.disconnect();
+}
+
+void FullPowerView::slotUpdatePasteAvailability()
+{
+    if (clearPresetAct == nullptr || !modeActive)
+        return;
+    const bool hasPreset = copyPasteHandler->hasCopiedPreset();
+    pastePresetAct->setEnabled(hasPreset);
+    pasteNewPresetAct->setEnabled(hasPreset && !presetInterface->isFull());
+    pasteFullChannelAct->setEnabled(copyPasteHandler->hasCopiedChannel());
+}
+
+void FullPowerView::slotAutoPopulateSetlist() { setlist->slotAutoPopulateSetlist(form.presetlist); }
+
+// Preferences
+
+bool FullPowerView::isViewLinkingStored() const
+{
+    return settingsStore->value(viewLinkingKey, false).toBool();
+}
+
+void FullPowerView::slotSetPreferences()
+{
+    const char* changed = SLOT(slotPreferencesChanged());
+    for (const Wire& wire :
+         {Wire{receivePresetForm.rememberReceiveDecision, SIGNAL(toggled(bool)), this, changed},
+          Wire{receivePresetForm.toSetlistSlot, SIGNAL(clicked()), this, changed},
+          Wire{receivePresetForm.toNew, SIGNAL(clicked()), this, changed},
+          Wire{form.showPreset, SIGNAL(toggled(bool)), this, changed},
+          Wire{form.showPreset, SIGNAL(toggled(bool)), this, SLOT(slotShowPresets(bool))}})
+        wire.connect();
+    if (auto* reset =
+            settingsDialog->findChild<QAbstractButton*>(QStringLiteral("reset_receive_decision"));
+        reset != nullptr)
+        Wire{reset, SIGNAL(clicked()), this, SLOT(slotResetReceiveDecision())}.connect();
+
+    const auto stored = [this](const QString& key, const QVariant& fallback) {
+        if (!settingsStore->contains(key))
+            settingsStore->setValue(key, fallback);
+        return settingsStore->value(key);
+    };
+    struct Switch {
+        QString key;
+        QString button;
+        bool fallback;
+    };
+    const int entry = modeEntry;
+    for (const Switch& row :
+         {Switch{updatesKey, QStringLiteral("auto_check_for_updates"), true},
+          Switch{viewLinkingKey, viewLinkingKey, false}, Switch{huiKey, huiKey, false}}) {
+        const bool on = stored(row.key, row.fallback).toBool();
+        auto* button = settingsDialog->findChild<QAbstractButton*>(row.button);
+        if (button == nullptr)
+            continue;
+        Wire{button, SIGNAL(toggled(bool)), this, changed}.connect();
+        button->setChecked(on);
+        // The bridge may have opened a box about its ports, and events let a newer mode begin.
+        if (entry != modeEntry)
+            return;
+        button->setText(onOrOff(on));
+    }
+    slotEnableViewChanging(isViewLinkingStored());
+    receivePresetForm.rememberReceiveDecision->setChecked(stored(rememberKey, false).toBool());
+    const bool toNew =
+        stored(decisionKey, QStringLiteral("toSlot")).toString() == QStringLiteral("toNew");
+    (toNew ? receivePresetForm.toNew : receivePresetForm.toSetlistSlot)->setChecked(true);
+    // The drawer stands open at first, whatever is stored, and the first click closes it.
+    stored(drawerKey, false);
+    const QSignalBlocker quiet(form.showPreset);
+    form.showPreset->setChecked(true);
+}
+
+void FullPowerView::slotPreferencesChanged()
+{
+    qDebug() << "fpv:slotPrefChanged called";
+    auto* button = qobject_cast<QAbstractButton*>(sender());
+    if (button == nullptr)
+        return;
+    const QString name = button->objectName();
+    const bool on = button->isChecked();
+    if (button == receivePresetForm.rememberReceiveDecision) {
+        settingsStore->setValue(rememberKey, on);
+    } else if (button == receivePresetForm.toSetlistSlot) {
+        if (on)
+            settingsStore->setValue(decisionKey, QStringLiteral("toSlot"));
+    } else if (button == receivePresetForm.toNew) {
+        if (on)
+            settingsStore->setValue(decisionKey, QStringLiteral("toNew"));
+    } else if (name == viewLinkingKey) {
+        settingsStore->setValue(viewLinkingKey, on);
+        button->setText(onOrOff(on));
+        slotEnableViewChanging(on);
+    } else if (name == QLatin1String("auto_check_for_updates")) {
+        settingsStore->setValue(updatesKey, on);
+        button->setText(onOrOff(on));
+    } else if (name == huiKey) {
+        qDebug() << "slotPreferences Changed - hui";
+        settingsStore->setValue(huiKey, on);
+        button->setText(onOrOff(on));
+        sysexManager->slotEnableHuiPort(on);
+    } else if (button == form.showPreset) {
+        qDebug() << "slotPreferences Changed - showPreset";
+        settingsStore->setValue(drawerKey, on);
+    }
+}
+
+void FullPowerView::slotConnectHuiButton(QToolButton* huiEnable)
+{
+    Wire{huiEnable, SIGNAL(toggled(bool)), this, SLOT(slotPreferencesChanged())}.connect();
+}
+
+void FullPowerView::slotDisconnectHuiButton(QToolButton* huiEnable)
+{
+    Wire{huiEnable, SIGNAL(toggled(bool)), this, SLOT(slotPreferencesChanged())}.disconnect();
+}
+
+void FullPowerView::slotResetReceiveDecision()
+{
+    if (sender() == nullptr || sender()->objectName().contains(QLatin1String("all")))
+        return;
+    settingsStore->setValue(rememberKey, false);
+    receivePresetForm.rememberReceiveDecision->setChecked(false);
+}
