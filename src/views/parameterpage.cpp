@@ -126,11 +126,11 @@ void ParameterPage::slotRecallPreset(QVariantMap preset)
 {
     slotDisconnectElements();
     const QPointer<ParameterPage> alive(this);
+    const int number = ++recallNumber;
     QCoreApplication::processEvents();
-    if (!alive)
+    // The page may be gone, and a newer recall may have come in between.
+    if (!alive || number != recallNumber)
         return;
-    // Another recall may have come in between, and connected.
-    slotDisconnectElements();
     for (const Control& control : allControls())
         if (isParameter(control))
             recall(control, preset);

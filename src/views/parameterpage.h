@@ -77,4 +77,5 @@ private:
     const QString prefix;
     bool storing = false;
     bool sending = false;
+    int recallNumber = 0;
 };
