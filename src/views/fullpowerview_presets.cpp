@@ -49,9 +49,8 @@ void FullPowerView::commitEditedBox()
 void FullPowerView::selectRow(int row)
 {
     commitEditedBox();
+    // Nothing after it: the recall lets events pass, and they may select another.
     form.presetlist->setCurrentRow(row);
-    if (QListWidgetItem* item = form.presetlist->item(row); item != nullptr)
-        form.presetlist->setCurrentItem(item);
 }
 
 void FullPowerView::selectRowWithoutRecall(int row)
