@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <optional>
 
 namespace
@@ -87,6 +88,7 @@ const std::vector<Commands::Command>& Commands::all()
         {"state", "state [NAME]", &Commands::state, 0, 1},
         {"firmware", "firmware VERSION | firmware fail MODE", &Commands::firmware, 1, 3},
         {"mute-version", "mute-version on|off", &Commands::muteVersion, 1, 1},
+        {"end-marker", "end-marker once|twice|never|other", &Commands::endMarker, 1, 1},
         {"randomise", "randomise SEED", &Commands::randomise, 1, 1},
         {"slot", "slot LETTER [NAME [VALUE] | save | recall | factory | randomise SEED]",
          &Commands::slot, 1, 3},
@@ -310,6 +312,22 @@ Commands::Reply Commands::muteVersion(const Words& words)
     if (!on && words[0] != QLatin1String("off"))
         return error(QStringLiteral("usage: mute-version on|off"));
     m_simulator.mixer().setAnswersVersion(!on);
+    return ok();
+}
+
+Commands::Reply Commands::endMarker(const Words& words)
+{
+    using EndMarker = SimulatedMixer::EndMarker;
+    static const std::map<QString, EndMarker> markers{
+        {QStringLiteral("once"), EndMarker::Once},
+        {QStringLiteral("twice"), EndMarker::Twice},
+        {QStringLiteral("never"), EndMarker::Never},
+        {QStringLiteral("other"), EndMarker::Other},
+    };
+    const auto marker = markers.find(words[0]);
+    if (marker == markers.end())
+        return error(QStringLiteral("usage: end-marker once|twice|never|other"));
+    m_simulator.mixer().setEndMarker(marker->second);
     return ok();
 }
 

@@ -54,6 +54,7 @@ private:
     Reply state(const Words& words);
     Reply firmware(const Words& words);
     Reply muteVersion(const Words& words);
+    Reply endMarker(const Words& words);
     Reply randomise(const Words& words);
     Reply slot(const Words& words);
     Reply quit(const Words&);

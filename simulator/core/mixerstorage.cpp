@@ -136,7 +136,7 @@ SimulatedMixer::Values SimulatedMixer::startingMix()
         {"channelstrip_ch5_aux2_routing_send_level", 7600},
         {"reverbtab_ch1_send_level", 7400},
         {"reverbtab_ch2_send_level", 6800},
-        {"reverbtab_level", 40},
+        {"reverbtab_level", 7600},
         {"reverbtab_decay_time", 1800},
     };
     Values values = presetTable().factoryValues();

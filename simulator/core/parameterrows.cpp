@@ -49,8 +49,12 @@ constexpr Member sends[] = {
     {"send_level", 38, 3000, 3000, 10600},
 };
 constexpr Member reverb[] = {
-    {"pre_post", 2, 1, 0, 1},    {"pre_delay", 29, 20, 0, 100}, {"decay_time", 32, 1000, 100, 5000},
-    {"damping", 30, 50, 0, 100}, {"diffusion", 31, 50, 0, 100}, {"level", 33, 0, 0, 100},
+    {"pre_post", 2, 1, 0, 1},
+    {"pre_delay", 29, 20, 0, 200},
+    {"decay_time", 32, 1000, 100, 10000},
+    {"damping", 30, 50, 0, 100},
+    {"diffusion", 31, 50, 0, 100},
+    {"level", 33, 0, 3000, 10600},
     {"bypass", 57, 0, 0, 1},
 };
 

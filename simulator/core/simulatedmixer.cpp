@@ -143,7 +143,10 @@ void SimulatedMixer::receiveRequest(int slot, int saveFlag)
     send(frames::build(frames::SlotTransfer, {slot, 0, saveFlag}));
     for (int i = 0; i < presetTable().size(); ++i)
         send(presetTable()[i].message(values[static_cast<size_t>(i)]));
-    send(frames::build(frames::SlotTransfer, {slot, 1, saveFlag}));
+    const int told = m_endMarker == EndMarker::Other ? (slot + 1) % frames::slotCount : slot;
+    const int times = m_endMarker == EndMarker::Never ? 0 : m_endMarker == EndMarker::Twice ? 2 : 1;
+    for (int i = 0; i < times; ++i)
+        send(frames::build(frames::SlotTransfer, {told, 1, saveFlag}));
 }
 
 void SimulatedMixer::receiveUpdating(int enable, int setting)

@@ -37,6 +37,10 @@ public:
         auto operator<=>(const SurfaceAddress&) const = default;
     };
 
+    // What tells the host that a slot has been sent whole. All but Once are faults to try a host
+    // with; Other names another slot.
+    enum class EndMarker { Once, Twice, Never, Other };
+
     explicit SimulatedMixer(Callbacks callbacks);
 
     // From the host. Anything that the mixer would not understand is told of and changes nothing.
@@ -60,6 +64,7 @@ public:
     void setLive(const Values& values) { m_live = values; }
     void setFirmware(const FirmwareVersion& version) { m_firmware = version; }
     void setAnswersVersion(bool answers) { m_answersVersion = answers; }
+    void setEndMarker(EndMarker marker) { m_endMarker = marker; }
     // What a restart does inside: globals as the flash has them, updating on, lights out.
     void powerUp();
 
@@ -115,6 +120,7 @@ private:
     bool m_stereoUpdating = true;
     bool m_communicationEnded = false;
     bool m_answersVersion = true;
+    EndMarker m_endMarker = EndMarker::Once;
     std::array<Lights, 3> m_lights{}; // mute, solo, record
     std::map<SurfaceAddress, int> m_surface;
 };

@@ -120,7 +120,8 @@ private slots:
             "1.2.100;"
             "firmware fail;firmware fail often;firmware fail check-exit 256;mute-version "
             "maybe;randomise x;slot;slot M;"
-            "slot AB;slot A no_such;slot A reverbtab_bypass 99999;slot A randomise";
+            "slot AB;slot A no_such;slot A reverbtab_bypass 99999;slot A randomise;"
+            "end-marker thrice";
         const QString messages =
             "surface f0f7;host ;host f0f7;host 903c7f;host f000015f2300f7;host f000015f230503f7;"
             "host f000015f230000000000000000f7;host f000015f2200000000000000f7;"
@@ -193,6 +194,21 @@ private slots:
         for (int i = 0; i < 100; ++i)
             run("host f000015f230a000000000000f7");
         QVERIFY(simulator->queued() <= 20000); // a flood of requests is bounded
+    }
+
+    void endMarkers()
+    {
+        const auto endsOfSlotL = [this](const QString& marker) {
+            ports->sent.clear();
+            run("end-marker " + marker);
+            run("host f000015f230a0b0100000000f7");
+            while (simulator->queued() > 0)
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            return ports->sent.mid(330).join(',');
+        };
+        QCOMPARE(endsOfSlotL("never"), QByteArray());
+        QCOMPARE(endsOfSlotL("twice"), QByteArray("f000015f230a0b0101f7,f000015f230a0b0101f7"));
+        QCOMPARE(endsOfSlotL("other"), QByteArray("f000015f230a000101f7"));
     }
 
     void pace()

@@ -55,6 +55,13 @@ public:
         return answered && answer.startsWith("ok");
     }
 
+    // Gives the command at once, with no event passing here. Its answer is among the lines.
+    void tell(const QByteArray& line)
+    {
+        m_process.write(line + '\n');
+        m_process.waitForBytesWritten(patienceMs);
+    }
+
     // How many lines since the mark match.
     int count(const QString& pattern)
     {
