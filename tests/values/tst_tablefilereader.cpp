@@ -48,15 +48,12 @@ private slots:
                             const QList<int>& integers) {
             QTest::newRow(content) << reals << integers;
         };
-        row("1.5,1.05,1.25,-0.5,", {1.5, 1.05, 1.25, -0.5}, {0, 0, 0, 0});
         row(".5,20.50,2.10,3.,-.25,", {0.5, 20.5, 2.1, 3.0, -0.25}, {0, 0, 0, 0, 0});
-        row("12", {}, {});
         row("1,,2", {1.0, 0.0}, {1, 0});
         row("1.250,1.005,", {3.5, 1.05}, {0, 0}); // only two decimals are understood
         row("5-,1-2,1.2.5,1. 05,", {-5.0, -12.0, 1.25, 1.5}, {0, 0, 0, 0});
         row("1,\n 25 ,\r\n-3 \n.5\n,\n", {1.0, 25.0, -3.5}, {1, 25, 0});
         row("six,1 2,0x10,1e3,2.x,+4,", {0.0, 0.0, 0.0, 0.0, 2.0, 4.0}, {0, 0, 0, 0, 0, 4});
-        row("4294967296,-7,1.99999999999,", {0.0, -7.0, 1.0}, {0, -7, 0});
         row("5\xB2,\xC3\xA9,6,", {0.0, 0.0, 6.0}, {0, 0, 6});
     }
     void numbers()
@@ -67,40 +64,23 @@ private slots:
     }
 
     // A pipe that were opened would hang the program, a device would fill its memory.
-    void unreadable_data()
-    {
-        QTest::addColumn<std::function<bool()>>("make");
-        const auto row = [](const char* kind, const std::function<bool()>& make) {
-            QTest::newRow(kind) << make;
-        };
-        row("missing", [] { return true; });
-        row("directory", [] { return QDir().mkpath(path); });
-        row("pipe", [] { return ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0; });
-        row("device", [] { return QFile::link("/dev/zero", path); });
-        row("dead link", [] { return QFile::link("nowhere", path); });
-        row("too large", [] {
-            write(QByteArray(TableFileReader::maxFileSize + 1, ','));
-            return true;
-        });
-    }
     void unreadable()
     {
-        QFETCH(std::function<bool()>, make);
-        QVERIFY(make());
-        QTest::ignoreMessage(QtDebugMsg,
-                             "WARNING: table.txt Not Found Path: resources/tables/table.txt");
-        QVERIFY(TableFileReader().readDoubleTable("table.txt").isEmpty());
-        QTest::ignoreMessage(QtDebugMsg, "WARNING: table.txt Not Found");
-        QVERIFY(TableFileReader().readIntTable("table.txt").isEmpty());
-    }
-
-    void largestFileBehindALink()
-    {
-        write(QByteArray(TableFileReader::maxFileSize, ','));
-        QVERIFY(QFile::rename(path, "elsewhere.txt"));
-        QVERIFY(QFile::link(folder->filePath("elsewhere.txt"), path));
-        QCOMPARE(TableFileReader().readDoubleTable("table.txt").size(),
-                 TableFileReader::maxFileSize);
+        const std::function<bool()> makes[]{
+            [] { return true; }, // missing
+            [] { return QDir().mkpath(path); },
+            [] { return ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0; },
+            [] { return QFile::link("/dev/zero", path); },
+            [] {
+                write(QByteArray(TableFileReader::maxFileSize + 1, ','));
+                return true;
+            }};
+        for (const auto& make : makes) {
+            prepare();
+            QVERIFY(make());
+            QVERIFY(TableFileReader().readDoubleTable("table.txt").isEmpty());
+            QVERIFY(TableFileReader().readIntTable("table.txt").isEmpty());
+        }
     }
 };
 

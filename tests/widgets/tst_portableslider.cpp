@@ -51,21 +51,6 @@ private slots:
         QTest::mouseRelease(slider, Qt::RightButton, {}, {15, 100});
         QCOMPARE(slider->value(), 3000);
     }
-
-    void otherButtonIsThatOfAnySlider()
-    {
-        QSlider plain(Qt::Vertical, around.get());
-        plain.setRange(3000, 10600);
-        plain.setPageStep(400);
-        plain.setValue(6000);
-        plain.resize(slider->size());
-        for (QSlider* each : {&plain, static_cast<QSlider*>(slider)}) {
-            QTest::mousePress(each, Qt::RightButton, {}, {15, 20});
-            QTest::mouseMove(each, {15, 100});
-            QTest::mouseRelease(each, Qt::RightButton, {}, {15, 100});
-        }
-        QCOMPARE(slider->value(), plain.value());
-    }
 };
 
 QTEST_MAIN(TestPortableSlider)

@@ -10,8 +10,6 @@
 #include <QSignalSpy>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <QWheelEvent>
-#include <qtestspontaneevent.h>
 
 #include <climits>
 
@@ -64,16 +62,6 @@ class TestSpinBoxes : public TestCase
     }
     void release(QWidget* box) { QTest::mouseRelease(edit(box), Qt::LeftButton, {}, at); }
 
-    static void wheel(QWidget* box, int notches)
-    {
-        const QPointF place = edit(box)->rect().center();
-        QWheelEvent event(place, edit(box)->mapToGlobal(place), {}, QPoint(0, 120 * notches),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        // Only what comes from outside gives the focus.
-        QSpontaneKeyEvent::setSpontaneous(&event);
-        QApplication::instance()->notify(edit(box), &event);
-    }
-
     static void rowPerBox()
     {
         QTest::addColumn<QString>("typed");
@@ -121,101 +109,36 @@ private slots:
         QCOMPARE(edit(target)->cursorPosition(), 1);
     }
 
-    void typedNumberIsReportedOnce_data() { rowPerBox(); }
-    void typedNumberIsReportedOnce()
-    {
-        QFETCH(QString, typed);
-        QAbstractSpinBox* target = boxOfRow();
-        for (const bool byReturn : {true, false}) {
-            press(target);
-            release(target);
-            QSignalSpy commits(target, commitSignal(target));
-            QTest::keyClicks(target, typed);
-            QCOMPARE(commits.size(), 0);
-            if (byReturn)
-                QTest::keyClick(target, Qt::Key_Return);
-            else
-                neighbour->setFocus();
-            QCOMPARE(commits.size(), 1);
-            QTEST(commits.first().first().toDouble(), "committed");
-            QVERIFY(!target->hasFocus());
-            QVERIFY(!edit(target)->hasSelectedText());
-        }
-    }
-
-    void wheelIsReportedOnLeaving_data() { rowPerBox(); }
-    void wheelIsReportedOnLeaving()
-    {
-        QAbstractSpinBox* target = boxOfRow();
-        QSignalSpy commits(target, commitSignal(target));
-        wheel(target, 2);
-        QCOMPARE(commits.size(), 0);
-        QVERIFY(!edit(target)->hasSelectedText());
-        neighbour->setFocus();
-        QCOMPARE(commits.size(), 1);
-        const double expected = target == whole ? 125.0 : target == decimal ? 125.45 : 12347.0;
-        QCOMPARE(commits.first().first().toDouble(), expected);
-    }
-
-    void drag_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("cursor");
-        QTest::addColumn<QList<int>>("moves");
-        QTest::addColumn<QList<double>>("reported");
-        using Moves = QList<int>;
-        using Values = QList<double>;
-        QTest::newRow("ms") << "whole" << 1 << Moves{5, -2} << Values{128, 126};
-        QTest::newRow("ms past the end") << "whole" << 1 << Moves{-500, 10} << Values{1, 1};
-        QTest::newRow("units") << "decimal" << 3 << Moves{5, -2} << Values{128.45, 126.45};
-        QTest::newRow("tens") << "decimal" << 1 << Moves{5} << Values{173.45};
-        QTest::newRow("tenths") << "decimal" << 4 << Moves{5} << Values{123.95};
-        QTest::newRow("hundredths") << "decimal" << 6 << Moves{-5} << Values{123.40};
-        QTest::newRow("dB past the end") << "decimal" << 1 << Moves{50, -40} << Values{200, 200};
-        QTest::newRow("Hz") << "freq" << 1 << Moves{5, -2} << Values{12350, 12348};
-        // Dropped, not clamped; the limit itself counts.
-        QTest::newRow("Hz past the end")
-            << "freq" << 1 << Moves{7654, 2, -1} << Values{19999, 20000};
-    }
     void drag()
     {
-        QFETCH(QString, name);
-        QFETCH(int, cursor);
-        QFETCH(QList<int>, moves);
-        QFETCH(QList<double>, reported);
-        QAbstractSpinBox* target = box(name);
-        QSignalSpy steps(target, commitSignal(target));
-        // The same click selects the text and begins the drag.
-        press(target, cursor);
-        for (const int pixels : moves)
-            up(target, pixels);
-        release(target);
-        QTest::mouseMove(edit(target), {1, 1});
+        const std::tuple<QString, int, QList<int>, QList<double>> rows[]{
+            {"whole", 1, {5, -2}, {128, 126}},
+            {"whole", 1, {-500, 10}, {1, 1}}, // past the end
+            {"decimal", 1, {5}, {173.45}},
+            {"decimal", 4, {5}, {123.95}},
+            {"decimal", 1, {50, -40}, {200, 200}},
+            {"freq", 1, {5, -2}, {12350, 12348}},
+            // Dropped, not clamped; the limit itself counts.
+            {"freq", 1, {7654, 2, -1}, {19999, 20000}},
+        };
+        for (const auto& [name, cursor, moves, reported] : rows) {
+            prepare();
+            QAbstractSpinBox* target = box(name);
+            QSignalSpy steps(target, commitSignal(target));
+            // The same click selects the text and begins the drag.
+            press(target, cursor);
+            for (const int pixels : moves)
+                up(target, pixels);
+            release(target);
+            QTest::mouseMove(edit(target), {1, 1});
 
-        QList<double> values;
-        for (const QList<QVariant>& step : steps)
-            values.append(step.first().toDouble());
-        QCOMPARE(values, reported);
-        QCOMPARE(target->property("value").toDouble(), reported.last());
-        if (name == "freq")
-            QCOMPARE(freq->text(), QString("%1 Hz").arg(reported.last()));
-    }
-
-    void draggedTextIsNotToBeSelected_data() { rowPerBox(); }
-    void draggedTextIsNotToBeSelected()
-    {
-        QAbstractSpinBox* target = boxOfRow();
-        QMetaObject::invokeMethod(target, "slotSetTextColorBrightness", Q_ARG(int, 242));
-        press(target);
-        QVERIFY(!edit(target)->isReadOnly());
-        up(target, 3);
-        release(target);
-        QVERIFY(edit(target)->isReadOnly());
-        QCOMPARE(edit(target)->styleSheet(),
-                 "selection-background-color: transparent; selection-color: rgb(242,242,242);");
-        press(target);
-        QVERIFY(!edit(target)->isReadOnly());
-        QCOMPARE(edit(target)->styleSheet(), target == freq ? "padding: 0px" : "");
+            QList<double> values;
+            for (const QList<QVariant>& step : steps)
+                values.append(step.first().toDouble());
+            QCOMPARE(values, reported);
+            QCOMPARE(target->property("value").toDouble(), reported.last());
+        }
+        QCOMPARE(freq->text(), "20000 Hz");
     }
 
     void contextMenuIsPartOfTheBox_data() { rowPerBox(); }
@@ -253,60 +176,31 @@ private slots:
         QTest::mouseRelease(edit(target), Qt::RightButton, {}, at);
     }
 
+    // The event filter sees what Qt would keep from a disabled widget.
     void disabled()
     {
         form->setEnabled(false);
-        for (QAbstractSpinBox* target :
-             {static_cast<QAbstractSpinBox*>(whole), static_cast<QAbstractSpinBox*>(decimal),
-              static_cast<QAbstractSpinBox*>(freq)}) {
-            press(target);
-            up(target, 100);
-            release(target);
-        }
+        press(whole);
+        up(whole, 100);
+        release(whole);
         QCOMPARE(whole->value(), 123);
-        QCOMPARE(decimal->value(), 123.45);
-        QCOMPARE(freq->trueValue(), 12445.0);
-        QCOMPARE(freq->text(), "12.45 kHz");
     }
 
-    void dragAtTheEndsOfAnInteger()
-    {
-        whole->setRange(INT_MIN, INT_MAX);
-        for (const int end : {INT_MAX, INT_MIN}) {
-            whole->setValue(end);
-            press(whole);
-            up(whole, end > 0 ? 9 : -9);
-            release(whole);
-            QCOMPARE(whole->value(), end);
-        }
-    }
-
-    void scrollDivisor_data()
-    {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("decimals");
-        // By cursor position, from 0 on; the last one holds for all behind it.
-        QTest::addColumn<QList<double>>("divisors");
-        using Divisors = QList<double>;
-        QTest::newRow("12.3") << 12.3 << 1 << Divisors{0.1, 1, 1, 10, 10};
-        QTest::newRow("1.23") << 1.23 << 2 << Divisors{1, 1, 10, 10, 100};
-        QTest::newRow("123") << 123.0 << 0 << Divisors{0.1, 1, 1, 1};
-        QTest::newRow("-1.5") << -1.5 << 1 << Divisors{1, 1, 1, 10, 10};
-        QTest::newRow("-12.34") << -12.34 << 2 << Divisors{0.1, 0.1, 1, 1, 10, 10, 100};
-    }
+    // By cursor position, from 0 on; the last one holds for all behind it.
     void scrollDivisor()
     {
-        QFETCH(QList<double>, divisors);
-        QFETCH(int, decimals);
-        QFETCH(double, value);
-        decimal->setDecimals(decimals);
-        decimal->setValue(value);
-        QList<double> found;
-        for (int cursor = 0; cursor < int(divisors.size()); ++cursor)
-            found.append(decimal->slotGetScrollDivisorFromCursorPos(cursor));
-        QCOMPARE(found, divisors);
-        QCOMPARE(decimal->slotGetScrollDivisorFromCursorPos(INT_MAX), divisors.last());
-        QVERIFY(decimal->slotGetScrollDivisorFromCursorPos(INT_MIN) > 0);
+        using Divisors = QList<double>;
+        for (const auto& [value, decimals, divisors] :
+             {std::tuple(12.3, 1, Divisors{0.1, 1, 1, 10, 10}),
+              {123.0, 0, {0.1, 1, 1, 1}},
+              {-12.34, 2, {0.1, 0.1, 1, 1, 10, 10, 100}}}) {
+            decimal->setDecimals(decimals);
+            decimal->setValue(value);
+            for (int cursor = 0; cursor < int(divisors.size()); ++cursor)
+                QCOMPARE(decimal->slotGetScrollDivisorFromCursorPos(cursor), divisors[cursor]);
+            QCOMPARE(decimal->slotGetScrollDivisorFromCursorPos(INT_MAX), divisors.last());
+            QVERIFY(decimal->slotGetScrollDivisorFromCursorPos(INT_MIN) > 0);
+        }
     }
 
     void keyO()
@@ -322,61 +216,25 @@ private slots:
         QCOMPARE(edit(whole)->selectedText(), "off");
     }
 
-    void frequencyScaling_data()
-    {
-        QTest::addColumn<double>("min");
-        QTest::addColumn<double>("max");
-        QTest::addColumn<double>("hz");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<double>("reported");
-        QTest::newRow("above") << 3000.0 << 20000.0 << 25000.0 << "20.00 kHz" << 20000.0;
-        QTest::newRow("below") << 3000.0 << 20000.0 << 100.0 << "3.00 kHz" << 3000.0;
-        QTest::newRow("finer than shown") << 200.0 << 6000.0 << 1234.0 << "1.23 kHz" << 1234.0;
-        QTest::newRow("last in Hz") << 20.0 << 999.0 << 999.0 << "999 Hz" << 999.0;
-        QTest::newRow("first in kHz") << 20.0 << 1000.0 << 5000.0 << "1.00 kHz" << 1000.0;
-        QTest::newRow("no number") << 40.0 << 400.0 << qQNaN() << "40 Hz" << 40.0;
-    }
     void frequencyScaling()
     {
-        QFETCH(double, min);
-        QFETCH(double, max);
-        QFETCH(double, hz);
-        freq->slotSetRange(min, max);
-        QSignalSpy reports(freq, SIGNAL(signalTrueValue(double)));
-        freq->slotSetFrequencyScaling(hz);
-        QTEST(freq->text(), "shown");
-        QCOMPARE(reports.size(), 1);
-        QTEST(reports.first().first().toDouble(), "reported");
-
-        // Passing through changes nothing.
-        QTest::keyClick(neighbour, Qt::Key_Backtab);
-        QVERIFY(freq->hasFocus());
-        QCOMPARE(freq->text(), QString("%1 Hz").arg(freq->shownValue(hz)));
-        neighbour->setFocus();
-        QTEST(freq->text(), "shown");
-        QTEST(reports.last().first().toDouble(), "reported");
-    }
-
-    void frequencyArrivesWhileEdited()
-    {
-        freq->setFocus();
-        QTest::keyClicks(freq, "70");
-        freq->slotSetFrequencyScaling(5000);
-        QCOMPARE(freq->text(), "5000 Hz");
-        neighbour->setFocus();
-        QCOMPARE(freq->trueValue(), 5000.0);
-        QCOMPARE(freq->text(), "5.00 kHz");
-    }
-
-    void typedFrequencyOutsideTheLimits()
-    {
-        freq->slotSetRange(40, 400);
-        for (const auto& [typed, reported] : {std::pair("7", 40.0), {"4000", 400.0}}) {
-            freq->setFocus();
-            freq->selectAll();
-            QTest::keyClicks(freq, typed);
-            QTest::keyClick(freq, Qt::Key_Enter);
-            QCOMPARE(freq->trueValue(), reported);
+        for (const auto& [highest, hz, shown, reported] :
+             {std::tuple(6000.0, 1234.0, "1.23 kHz", 1234.0), // finer than shown
+              {999.0, 999.0, "999 Hz", 999.0},
+              {1000.0, 5000.0, "1.00 kHz", 1000.0},
+              {400.0, qQNaN(), "40 Hz", 40.0}}) {
+            freq->slotSetRange(40.0, highest);
+            QSignalSpy reports(freq, SIGNAL(signalTrueValue(double)));
+            freq->slotSetFrequencyScaling(hz);
+            QCOMPARE(reports.size(), 1);
+            // Passing through changes nothing.
+            for (int i = 0; i < 2; ++i) {
+                QCOMPARE(freq->text(), shown);
+                QCOMPARE(reports.last().first().toDouble(), reported);
+                freq->setFocus();
+                QCOMPARE(freq->text(), QString("%1 Hz").arg(reported));
+                neighbour->setFocus();
+            }
         }
     }
 
@@ -390,18 +248,6 @@ private slots:
         QCOMPARE(freq->value(), 405.0);
         QTest::keyRelease(freq, Qt::Key_Up);
         QCOMPARE(freq->value(), 400.0);
-        QTest::keyPress(freq, Qt::Key_Up);
-        QCOMPARE(freq->value(), 400.0);
-        QTest::keyRelease(freq, Qt::Key_Up);
-
-        freq->setValue(45);
-        QTest::keyPress(freq, Qt::Key_Down);
-        QCOMPARE(freq->value(), 35.0);
-        QTest::keyPress(freq, Qt::Key_Down);
-        QCOMPARE(freq->value(), 40.0);
-        freq->setValue(35);
-        QTest::keyRelease(freq, Qt::Key_Down);
-        QCOMPARE(freq->value(), 40.0);
     }
 };
 
