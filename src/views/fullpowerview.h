@@ -243,7 +243,7 @@ private:
     QPushButton* selectButton(const QString& name) const;
     bool isOutputSelected() const;
     void selectAlone(QPushButton* button);
-    void selectTogether(QPushButton* button, int channel);
+    void selectTogether(int channel);
     void deselect(QPushButton* button, int channel);
     void uncheckQuietly(QPushButton* button);
     void showChannelOf(const QString& selectName);

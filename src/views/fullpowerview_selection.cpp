@@ -114,7 +114,7 @@ void FullPowerView::slotSelectChannelView()
         form.channelStripTabButton->setChecked(true);
         emit signalSelectChannelView(channel);
         if (shiftSelectActive && channel <= lastInput && !isOutputSelected())
-            selectTogether(button, channel);
+            selectTogether(channel);
         else
             selectAlone(button);
     } else if (shiftSelectActive && channel <= lastInput && !isOutputSelected()) {
@@ -144,9 +144,8 @@ void FullPowerView::selectAlone(QPushButton* button)
     setSelectedChannels({button->objectName()});
 }
 
-void FullPowerView::selectTogether(QPushButton* button, int channel)
+void FullPowerView::selectTogether(int channel)
 {
-    Q_UNUSED(button)
     if (isStereo(channel)) {
         const int partner = channelStripTab->channelStrips().at(channel - 1)->partnerNumber();
         const QString name = ChannelSelection::selectName(partner);
