@@ -211,6 +211,7 @@ void FullPowerView::restFlows()
 {
     entering = false;
     liveMemoryAsked = false;
+    syncComplete = false;
     receivingAllPresets = false;
     presetReadyToReceive = false;
     waitingForSilentRecall = false;

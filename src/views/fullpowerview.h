@@ -242,6 +242,7 @@ private:
     void setSelectedChannels(const QStringList& names);
     QPushButton* selectButton(const QString& name) const;
     bool isOutputSelected() const;
+    bool isSelectingTogether(int channel) const;
     void selectAlone(QPushButton* button);
     void selectTogether(int channel);
     void deselect(QPushButton* button, int channel);
@@ -270,6 +271,7 @@ private:
     bool isRecalling() const;
     void runLater(const std::function<void()>& action);
     void runWaiting();
+    void runWaitingSoon();
     void showProgress(const QString& text);
     void closeProgress();
     void lockInput(bool lock);
@@ -347,6 +349,7 @@ private:
     bool entering = false;
     // An end marker from before this entry's request tells of an older live state.
     bool liveMemoryAsked = false;
+    bool syncComplete = false;
     bool inputLocked = false;
     QList<std::function<void()>> waitingActions;
 

@@ -104,6 +104,11 @@ bool FullPowerView::isStereo(int channel) const
     return stereo->isChecked();
 }
 
+bool FullPowerView::isSelectingTogether(int channel) const
+{
+    return shiftSelectActive && channel <= lastInput && !isOutputSelected();
+}
+
 void FullPowerView::slotSelectChannelView()
 {
     auto* button = qobject_cast<QPushButton*>(sender());
@@ -113,11 +118,13 @@ void FullPowerView::slotSelectChannelView()
     if (button->isChecked()) {
         form.channelStripTabButton->setChecked(true);
         emit signalSelectChannelView(channel);
-        if (shiftSelectActive && channel <= lastInput && !isOutputSelected())
+        // Not before the sync is complete: linked controls would pass on to each other what
+        // arrives.
+        if (isSelectingTogether(channel) && (demoModeEnabled || syncComplete))
             selectTogether(channel);
         else
             selectAlone(button);
-    } else if (shiftSelectActive && channel <= lastInput && !isOutputSelected()) {
+    } else if (isSelectingTogether(channel)) {
         deselect(button, channel);
     } else {
         // A plain click on a selected channel leaves it alone selected.

@@ -77,16 +77,26 @@ void FullPowerView::runLater(const std::function<void()>& action) { waitingActio
 
 void FullPowerView::runWaiting()
 {
+    if (!modeActive || isRecalling())
+        return;
     const int entry = modeEntry;
-    while (isCurrent(entry) && !isRecalling() && !waitingActions.isEmpty())
-        waitingActions.takeFirst()();
+    // Those that must wait on line up again.
+    const auto actions = std::exchange(waitingActions, {});
+    for (const std::function<void()>& action : actions)
+        if (isCurrent(entry))
+            action();
+}
+
+void FullPowerView::runWaitingSoon()
+{
+    if (!waitingActions.isEmpty())
+        QMetaObject::invokeMethod(this, &FullPowerView::runWaiting, Qt::QueuedConnection);
 }
 
 void FullPowerView::slotDoneWaitingForReconnectOnSilentRecall()
 {
     waitingForSilentRecall = false;
-    if (!waitingActions.isEmpty())
-        QMetaObject::invokeMethod(this, &FullPowerView::runWaiting, Qt::QueuedConnection);
+    runWaitingSoon();
 }
 
 void FullPowerView::slotPresetIsReadyToReceive() { presetReadyToReceive = true; }
@@ -103,6 +113,7 @@ void FullPowerView::slotSyncOnConnectComplete()
         runLater([this] { slotSyncOnConnectComplete(); });
         return;
     }
+    syncComplete = true;
     presetInterface->slotSetSyncStatus(true);
     slotConnectToSysexPresetSending();
     emit signalConnectGlobalSysex();
@@ -110,7 +121,8 @@ void FullPowerView::slotSyncOnConnectComplete()
 
 void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
 {
-    if (isRecalling()) {
+    // The rest of a slot that is being received belongs to the preset that is current now.
+    if (isRecalling() || requestedSlot > 0) {
         runLater([this, presetLibraryNumber] { slotRecallPresetSilently(presetLibraryNumber); });
         return;
     }
@@ -181,7 +193,8 @@ void FullPowerView::slotUpdateSendsAndReceives(bool enabled, QChar setlistLetter
     if (slot < 0 || slot >= form.sendButtons.size())
         return;
     form.sendButtons.at(slot)->setEnabled(enabled);
-    form.receiveButtons.at(slot)->setEnabled(enabled);
+    // There is no mixer in a demo that could answer.
+    form.receiveButtons.at(slot)->setEnabled(enabled && !demoModeEnabled);
 }
 
 // Sending
@@ -414,8 +427,10 @@ void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
         return;
     if (save && isAsked)
         presetInterface->slotSavePreset(-1);
-    if (isAsked)
+    if (isAsked) {
         requestedSlot = -1;
+        runWaitingSoon();
+    }
     receivedSlotNumber = slotNum;
     if (!receivingAllPresets)
         closeProgress();

@@ -150,7 +150,12 @@ private slots:
     {
         Desk desk;
         for (const bool unplugged : {true, false, true}) {
-            desk.start();
+            desk.plug();
+            desk.sent();
+            desk.versionReply();
+            desk.set(ch1, 8000);
+            QCOMPARE(desk.sent(), liveMemoryRequest);
+            desk.endMarker();
             moveOnce(desk);
             for (const int row : {2, 3, 2}) {
                 desk.clickRow(row);
