@@ -2,28 +2,28 @@
 // port, the mixer's whole live state at its pace, the list at the library's limit, and a setlist
 // sent. Each beside its floor.
 
-#include "channelstriptab.h"
 #include "fakeports.h"
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
 #include "jsonfile.h"
-#include "pagestyle.h"
 #include "portableslider.h"
-#include "presetcodec.h"
 #include "presetdefaults.h"
 #include "presetinterface.h"
 #include "setlist.h"
-#include "sysexframe.h"
 #include "sysexmanager.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QJsonDocument>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMouseEvent>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QThread>
+#include <QTimer>
 
 #include <benchmark/benchmark.h>
 
@@ -145,42 +145,85 @@ void sameBytesBare(benchmark::State& state)
 
 double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
-// A whole live state, a millisecond between two messages; busy: the processor's share of the time.
+// The messages of a whole preset, each value raised by shift, as the mixer sends them.
+QList<MidiMessage> messagesOf(Desk& desk, int shift)
+{
+    desk.ports->sent.clear();
+    for (const auto& [key, value] : presetdefaults::preset().asKeyValueRange())
+        if (presetdefaults::isPresetParameter(key))
+            desk.sysex.slotSendPresetParameters(key, value.toInt() + shift);
+    QList<MidiMessage> messages;
+    for (const QByteArray& bytes : desk.ports->sentBytes())
+        messages.append(MidiMessage(bytes.constData(), static_cast<int>(bytes.size())));
+    desk.ports->sent.clear();
+    return messages;
+}
+
+// Calls for each parameter of a live state, a millisecond between two; busy: the processor's share
+// of the time.
+template <class Action> void paced(benchmark::State& state, Action action)
+{
+    double busy = 0.0;
+    double total = 0.0;
+    for (auto _ : state) {
+        QElapsedTimer clock;
+        clock.start();
+        const double before = processorSeconds();
+        for (int number = 0; number < parameters; ++number) {
+            action(number);
+            const qint64 early = (number + 1) * 1'000'000LL - clock.nsecsElapsed();
+            if (early > 0)
+                QThread::usleep(static_cast<unsigned long>(early / 1000));
+        }
+        busy += processorSeconds() - before;
+        total += static_cast<double>(clock.nsecsElapsed()) / 1e9;
+    }
+    state.counters["busy"] = busy / total;
+}
+
+void paceAlone(benchmark::State& state)
+{
+    Desk desk(12);
+    desk.enter();
+    paced(state, [](int) { QApplication::processEvents(); });
+}
+
 void receiveLiveState(benchmark::State& state)
 {
     Desk desk(12);
     desk.enter();
-    const QStringList keys = presetdefaults::preset().keys();
-    int shift = 0;
-    double busy = 0.0;
-    double total = 0.0;
-    for (auto _ : state) {
-        ++shift;
-        QElapsedTimer clock;
-        clock.start();
-        const double before = processorSeconds();
-        int sent = 0;
-        for (const QString& key : keys) {
-            if (key == QLatin1String("preset_name"))
-                continue;
-            const int value = presetdefaults::preset().value(key).toInt() + shift % 2;
-            if (key.startsWith(QLatin1String("faderframe_")))
-                emit desk.sysex.signalReceiveMainwindowPresetParams(key, value);
-            else if (key.startsWith(QLatin1String("channelstrip_")))
-                emit desk.sysex.signalReceiveChannelStripParams(key, value);
-            else
-                emit desk.sysex.signalReceiveReverbParams(key, value);
-            QApplication::processEvents();
-            ++sent;
-            while (clock.elapsed() < sent)
-                QThread::usleep(50);
-        }
-        busy += processorSeconds() - before;
-        total += static_cast<double>(clock.nsecsElapsed()) / 1e9;
-        if (sent != parameters || !desk.ports->sent.isEmpty())
-            state.SkipWithError("a parameter is missing, or one was echoed");
+    const QList<MidiMessage> states[]{messagesOf(desk, 0), messagesOf(desk, 1)};
+    qsizetype turn = 0;
+    paced(state, [&](int number) {
+        if (number == 0)
+            turn = 1 - turn;
+        desk.sysex.slotReceiveMidiInput(QStringLiteral("J-Sum Audio Control"),
+                                        states[turn].at(number));
+        QApplication::processEvents();
+    });
+    const QVariantMap arrived = desk.presets.workingPreset(0);
+    for (const auto& [key, value] : presetdefaults::preset().asKeyValueRange()) {
+        // A button takes any value as on.
+        const int sent = value.toInt() + static_cast<int>(turn);
+        if (presetdefaults::isPresetParameter(key) && arrived.value(key).toInt() != qMin(sent, 1)
+            && arrived.value(key).toInt() != sent)
+            state.SkipWithError("a parameter has not arrived");
     }
-    state.counters["busy"] = busy / total;
+    if (states[0].size() != parameters || !desk.ports->sent.isEmpty())
+        state.SkipWithError("a message is missing, or one was echoed");
+}
+
+void bareList(benchmark::State& state)
+{
+    QListWidget list;
+    list.show();
+    QStringList names;
+    for (int number = 0; number < state.range(0); ++number)
+        names.append(QStringLiteral("Preset %1").arg(number));
+    for (auto _ : state) {
+        list.clear();
+        list.addItems(names);
+    }
 }
 
 void rebuildList(benchmark::State& state)
@@ -191,7 +234,8 @@ void rebuildList(benchmark::State& state)
         desk.view->slotPopulatePresetMenu();
 }
 
-// Without the recall that follows: in demo mode the mixer sets no pace, and nothing is written.
+// In demo mode the mixer sets no pace, and nothing is written. What is renamed is recalled, and so
+// is the first preset after a deletion.
 struct DemoDesk : Desk {
     explicit DemoDesk(int presetCount)
         : Desk(presetCount)
@@ -216,17 +260,47 @@ void renameInDemo(benchmark::State& state)
 {
     DemoDesk desk(static_cast<int>(state.range(0)));
     desk.list->setCurrentRow(5);
+    auto* dialog = desk.view->findChild<QWidget*>(QStringLiteral("renameDialogForm"));
     int number = 0;
-    for (auto _ : state)
-        desk.presets.slotRenamePreset(QStringLiteral("New %1").arg(++number));
+    for (auto _ : state) {
+        desk.view->slotCheckToAllowRename(desk.list->item(5));
+        dialog->findChild<QLineEdit*>(QStringLiteral("name"))
+            ->setText(QStringLiteral("New %1").arg(++number));
+        dialog->findChild<QAbstractButton*>(QStringLiteral("rename"))->click();
+    }
+    if (desk.list->item(5)->text() != QStringLiteral("New %1").arg(number))
+        state.SkipWithError("nothing was renamed");
 }
 
 void deleteInDemo(benchmark::State& state)
 {
     DemoDesk desk(static_cast<int>(state.range(0)));
+    auto* sure = desk.view->findChild<QAbstractButton*>(QStringLiteral("delete_2"));
+    const int before = desk.list->count();
     for (auto _ : state) {
+        state.PauseTiming();
         desk.list->setCurrentRow(5);
-        desk.presets.slotDeletePreset();
+        state.ResumeTiming();
+        desk.view->slotDeletePreset();
+        sure->click();
+    }
+    if (desk.list->count() != before - static_cast<int>(state.iterations()))
+        state.SkipWithError("nothing was deleted");
+}
+
+// The waits of a setlist sent: one behind each parameter, and one behind each slot.
+void bareWaits(benchmark::State& state)
+{
+    const auto wait = [](int ms) {
+        QTimer timer;
+        timer.start(ms);
+        while (timer.remainingTime() >= 1) { }
+    };
+    for (auto _ : state) {
+        for (int sent = 0; sent < (slotCount + 1) * parameters; ++sent)
+            wait(paceMs);
+        for (int slot = 0; slot < slotCount; ++slot)
+            wait(pauseMs);
     }
 }
 
@@ -235,15 +309,10 @@ void sendAll(benchmark::State& state)
     Desk desk(slotCount + 1);
     desk.enter();
     desk.view->setlistStore()->slotAutoPopulateSetlist(desk.list);
-    constexpr double floor = ((slotCount + 1) * parameters * paceMs + slotCount * pauseMs) / 1e3;
-    double total = 0.0;
-    for (auto _ : state) {
-        QElapsedTimer clock;
-        clock.start();
+    for (auto _ : state)
         desk.view->slotSendAllPresets();
-        total += static_cast<double>(clock.nsecsElapsed()) / 1e9;
-    }
-    state.counters["of floor"] = total / static_cast<double>(state.iterations()) / floor;
+    if (desk.ports->sent.size() < (slotCount + 1) * parameters + slotCount)
+        state.SkipWithError("not all was sent");
 }
 
 } // namespace
@@ -251,12 +320,15 @@ void sendAll(benchmark::State& state)
 BENCHMARK(modeEntryAndExit)->Arg(12)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(sameBytesBare)->Unit(benchmark::kMicrosecond);
 BENCHMARK(faderStepToTheByte)->Unit(benchmark::kMicrosecond);
-BENCHMARK(receiveLiveState)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(paceAlone)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
+BENCHMARK(receiveLiveState)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
+BENCHMARK(bareList)->Arg(12)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(rebuildList)->Arg(12)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(recallInDemo)->Arg(12)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(renameInDemo)->Arg(12)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(deleteInDemo)->Arg(1000)->Unit(benchmark::kMillisecond)->Iterations(20);
-BENCHMARK(sendAll)->Unit(benchmark::kSecond)->Iterations(1);
+BENCHMARK(bareWaits)->Unit(benchmark::kSecond)->Iterations(1)->UseRealTime();
+BENCHMARK(sendAll)->Unit(benchmark::kSecond)->Iterations(1)->UseRealTime();
 
 int main(int argc, char** argv)
 {
