@@ -21,7 +21,7 @@ target_compile_definitions(jsum_juce
     JUCE_ALSA_MIDI_NAME="J-Sum Editor"
   INTERFACE
     $<TARGET_PROPERTY:jsum_juce,COMPILE_DEFINITIONS>)
-target_compile_options(jsum_juce PRIVATE -w)
+target_compile_options(jsum_juce PRIVATE -w -g0)
 target_include_directories(jsum_juce SYSTEM INTERFACE
   $<TARGET_PROPERTY:jsum_juce,INCLUDE_DIRECTORIES>)
 set_target_properties(jsum_juce PROPERTIES AUTOMOC OFF AUTORCC OFF)
@@ -44,12 +44,23 @@ function(jsum_program name)
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} jsum_options)
 endfunction()
 
+# Test programs are built quickly rather than to run quickly; what they test keeps its own flags.
+add_library(jsum_test_options INTERFACE)
+target_compile_options(jsum_test_options INTERFACE -O0)
+
+# jsum_test_program(NAME SOURCES ... LINKS ...): a program of tests, with Qt's headers precompiled.
+function(jsum_test_program name)
+  jsum_program(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE jsum_test_support Qt6::Widgets jsum_test_options)
+  target_precompile_headers(${name} REUSE_FROM jsum_test_headers)
+endfunction()
+
 # jsum_test(NAME SOURCES ... LINKS ... [SEQUENCER]): a Qt Test program. Those that need the
 # system's MIDI sequencer carry the label "sequencer": they are not run by plain ctest, but by
 # tests/with-sequencer.
 function(jsum_test name)
   cmake_parse_arguments(ARG "SEQUENCER" "" "SOURCES;LINKS;ARGUMENTS" ${ARGN})
-  jsum_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} Qt6::Test)
+  jsum_test_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS})
   add_test(NAME ${name} COMMAND ${name} ${ARG_ARGUMENTS})
   set_tests_properties(${name} PROPERTIES
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_TO_CONSOLE=1" TIMEOUT 120)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QRegularExpression>
 #include <QTest>
 
 // The base of every test class: a string connection that Qt could not make, which it only warns of,
@@ -11,11 +10,7 @@ class TestCase : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("^QObject::(dis)?connect")));
-        prepare();
-    }
+    void init();
 
 protected:
     // What a test class does before each test function.

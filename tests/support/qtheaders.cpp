@@ -1,0 +1,1 @@
+// Nothing: the library of this file exists for its precompiled headers.

@@ -1,0 +1,9 @@
+#include "testcase.h"
+
+#include <QRegularExpression>
+
+void TestCase::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^QObject::(dis)?connect")));
+    prepare();
+}
