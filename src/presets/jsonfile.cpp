@@ -267,8 +267,6 @@ std::optional<QJsonObject> readAtStart(const QString& path)
     return bytes ? std::optional(QJsonObject()) : std::nullopt;
 }
 
-void restoreAtStart(const QString& path) { readAtStart(path); }
-
 void keepDailyCopy(const QString& path, const QString& folder, const QDate& today)
 {
     const QFileInfo info(path);

@@ -34,7 +34,7 @@ enum class WriteResult {
     // Writing failed after the file had been opened; the kept version is back in its place.
     Restored,
     // Writing failed and so did putting the kept version back. It stays in the kept copy, from
-    // which restoreAtStart() heals the file; the next write() does not replace it.
+    // which readAtStart() heals the file; the next write() does not replace it.
     NotRestored,
 };
 
@@ -46,15 +46,12 @@ enum class WriteResult {
 // same. Content that is on disk already is only flushed.
 WriteResult write(const QString& path, const QByteArray& bytes);
 
-// At start, before the stores read: a file that is missing or no document is replaced by its kept
-// copy where that one is good (it moves into place, which needs no space; the next write keeps a
-// new one); the bad file is set aside under a dated name, or overwritten in a folder that takes no
-// new names. Without a good copy nothing is touched, nor where something stands that can't be
-// opened. What an interrupted write() has left beside the file is cleared away.
-void restoreAtStart(const QString& path);
-
-// restoreAtStart() and reading in one, with a single parse: the file's object, empty when it is no
-// document and has no good copy; nothing when it can't be opened.
+// At start: the file's object; empty when it is no document and has no good copy; nothing when it
+// can't be opened. A file that is missing or no document is first replaced by its kept copy where
+// that one is good (it moves into place, which needs no space; the next write keeps a new one); the
+// bad file is set aside under a dated name, or overwritten in a folder that takes no new names.
+// Without a good copy nothing is touched, nor where something stands that can't be opened. What an
+// interrupted write() has left beside the file is cleared away.
 std::optional<QJsonObject> readAtStart(const QString& path);
 
 // Once a day of use, a copy of the file goes into the folder, under its name with the day before

@@ -80,37 +80,9 @@ class TestSysexManager : public TestCase
     }
 
 private slots:
-    void connectsInWhateverOrderThePortsArrive_data()
+    void refusedPortsAndOtherDevices()
     {
-        QTest::addColumn<QList<QStringList>>("inputsByPoll");
-        QTest::addColumn<QList<QStringList>>("outputsByPoll");
-        using Polls = QList<QStringList>;
-        const QStringList none;
-        const QStringList other{"Other"};
-        const QStringList both = other + mixerPorts;
-        QTest::newRow("outputs first") << Polls{none, mixerPorts} << Polls{mixerPorts, mixerPorts};
-        QTest::newRow("inputs first, beside another device")
-            << Polls{other, both, both} << Polls{other, other, both};
-    }
-    void connectsInWhateverOrderThePortsArrive()
-    {
-        QFETCH(QList<QStringList>, inputsByPoll);
-        QFETCH(QList<QStringList>, outputsByPoll);
-        for (int i = 0; i < inputsByPoll.size(); ++i) {
-            ports->inputList = FakePorts::named(inputsByPoll[i]);
-            ports->outputList = FakePorts::named(outputsByPoll[i]);
-            manager->midi()->slot_PollDevices();
-        }
-        QCOMPARE(heard().filter("signalConnected").last(), "signalConnected true");
-        QCOMPARE(ports->openInputs.size(), 1);
-        QCOMPARE(ports->openOutputs.size(), 1);
-
-        plug(mixerPorts + QStringList{"A keyboard"});
-        QCOMPARE(heard(), QStringList()); // somebody else's port
-        plug({});
-        QVERIFY(!manager->isConnected());
-        QVERIFY(ports->openInputs.isEmpty());
-        QVERIFY(heard().contains("signalConnected false"));
+        plug({"Other"});
         ports->refuseToOpen = true;
         plug(mixerPorts);
         QVERIFY(!manager->isConnected());
@@ -120,20 +92,13 @@ private slots:
         plug(mixerPorts);
         QVERIFY(manager->isConnected());
         QCOMPARE(ports->openInputs.size(), 1);
-    }
-
-    // The last one in the system's order is used, though its outputs came before its inputs.
-    void aSecondMixerTakesOver()
-    {
-        connectMixer();
-        const QString second = "2- J-Sum Audio Control";
-        ports->outputList = FakePorts::named(mixerPorts + QStringList{second});
-        manager->midi()->slot_PollDevices();
-        ports->inputList = ports->outputList;
-        manager->midi()->slot_PollDevices();
-        ports->sent.clear();
-        manager->slotSendModeChange(1);
-        QCOMPARE(ports->sent.value(0).identifier, "id-2-" + second);
+        QCOMPARE(ports->openOutputs.size(), 1);
+        heard();
+        plug(mixerPorts + QStringList{"A keyboard"});
+        QCOMPARE(heard(), QStringList()); // somebody else's port
+        plug({});
+        QVERIFY(!manager->isConnected());
+        QVERIFY(ports->openInputs.isEmpty());
     }
 
     void theTimerQueriesUntilTheReplyAndEndsWithThePort()
@@ -155,80 +120,66 @@ private slots:
         QCOMPARE(heard(), QStringList());
     }
 
-    void sends_data()
-    {
-        QTest::addColumn<QByteArrayList>("bodies");
-        QTest::addColumn<Send>("send");
-        const auto row = [](const QByteArrayList& bodies, const Send& send) {
-            QTest::newRow(bodies.join(' ').constData()) << bodies << send;
-        };
-        row({"090c0000000000"}, [](auto& m) { m.slotSendSaveToSlot(0); });
-        row({"0a000100000000"}, [](auto& m) { m.slotSendSinglePresetRequest(1, true); });
-        row({"0500000000000e"}, [](auto& m) { m.slotSendModeChange(14); });
-        row({"06000000000009"}, [](auto& m) { m.slotSendChannelSelect(9); });
-        row({"0500000000000d", "05000000000000", "06000000000002"}, [](auto& m) {
-            m.slotSendChannelSelect(13); // from phones back to a channel
-            m.slotSendChannelSelect(2);
-        });
-        row({"0b000000000000"}, [](auto& m) { m.slotSaveGlobalParamsToFlash(); });
-        row({"0c000000000000"}, [](auto& m) { m.slotSendDSPUpdatingStatus(false); });
-        row({"0c010000010000"}, [](auto& m) { m.slotSendStereoUpdatingStatus(true); });
-        row({"0e000000000000"}, [](auto& m) { m.slotSendRestartMessage(); });
-        row({"7f000000000000"}, [](auto& m) { m.slotSendSysexCommEndMessage(); });
-        row({"0202010b26456a"}, [](auto& m) {
-            m.slotSendPresetParameters("channelstrip_ch1_aux2_routing_send_level", 8938);
-        });
-        row({"03060300270001"}, [](auto& m) { m.slotSendGlobalParameters("ch3_line_phono", 1); });
-        row({"0305040c000301"},
-            [](auto& m) { m.slotSendMidiParameters("miditab_button12_toggle", 1); });
-        row({"0500000000000b", "0202010b02456a"}, [](auto& m) {
-            m.setViewChangingEnabled(true); // first to aux 2
-            m.slotSendPresetParameters("channelstrip_ch1_aux2_routing_pre_post", 8938);
-        });
-        row({}, [](auto& m) {
-            m.slotSendSaveToSlot(13);
-            m.slotSendSinglePresetRequest(-1, false);
-        });
-    }
+    // Frames, what goes before a parameter, and what is refused.
     void sends()
     {
-        QFETCH(Send, send);
-        QFETCH(QByteArrayList, bodies);
-        send(*manager);
-        QVERIFY(ports->sent.isEmpty()); // not connected
-        connectMixer();
-        QVERIFY(ports->sent.isEmpty());
-        send(*manager);
-        std::transform(bodies.begin(), bodies.end(), bodies.begin(), framed);
-        QCOMPARE(ports->sentBytes(), bodies);
+        const std::pair<QByteArrayList, Send> rows[]{
+            {{"090c0000000000"}, [](auto& m) { m.slotSendSaveToSlot(0); }},
+            {{"0500000000000d", "05000000000000", "06000000000002"},
+             [](auto& m) {
+                 m.slotSendChannelSelect(13); // from phones back to a channel
+                 m.slotSendChannelSelect(2);
+             }},
+            {{"0b000000000000"}, [](auto& m) { m.slotSaveGlobalParamsToFlash(); }},
+            {{"0c010000010000"}, [](auto& m) { m.slotSendStereoUpdatingStatus(true); }},
+            {{"0305040c000301"},
+             [](auto& m) { m.slotSendMidiParameters("miditab_button12_toggle", 1); }},
+            {{"0500000000000b", "0202010b02456a"},
+             [](auto& m) {
+                 m.setViewChangingEnabled(true); // first to aux 2
+                 m.slotSendPresetParameters("channelstrip_ch1_aux2_routing_pre_post", 8938);
+             }},
+            {{},
+             [](auto& m) {
+                 m.slotSendSaveToSlot(13);
+                 m.slotSendSinglePresetRequest(-1, false);
+             }},
+        };
+        for (const auto& [bodies, send] : rows) {
+            prepare();
+            send(*manager);
+            connectMixer();
+            QVERIFY(ports->sent.isEmpty()); // what was sent unconnected is not made up for
+            send(*manager);
+            QByteArrayList frames;
+            for (const QByteArray& body : bodies)
+                frames << framed(body);
+            QCOMPARE(ports->sentBytes(), frames);
+        }
     }
 
-    void followsTheParameter_data()
-    {
-        QTest::addColumn<int>("before");
-        QTest::addColumn<QList<int>>("sent"); // type and last byte, in turn
-        const auto row = [](const char* name, int before, const QList<int>& sent) {
-            QTest::newRow(name) << before << sent;
-        };
-        row("faderframe_ch1_fader", 5, {5, 0});
-        row("faderframe_ch2_fader", 2, {});                  // a mode with faders stays
-        row("channelstrip_ch1_aux2_routing_pan", 0, {5, 1}); // goes before the aux
-        row("faderframe_phones_mute", 0, {5, 13});
-        row("reverbtab_decay_time", 0, {5, 5});
-        row("channelstrip_mains_eq_hi_gain", 1, {5, 2, 6, 9}); // leaving pan, selects mains
-        row("tone_gen_freq", 0, {});
-    }
     void followsTheParameter()
     {
-        QFETCH(int, before);
+        // The mode before, and what is sent: type and last byte, in turn.
+        const std::tuple<const char*, int, QList<int>> rows[]{
+            {"faderframe_ch1_fader", 5, {5, 0}},
+            {"faderframe_ch2_fader", 2, {}},                  // a mode with faders stays
+            {"channelstrip_ch1_aux2_routing_pan", 0, {5, 1}}, // goes before the aux
+            {"faderframe_phones_mute", 0, {5, 13}},
+            {"reverbtab_decay_time", 0, {5, 5}},
+            {"channelstrip_mains_eq_hi_gain", 1, {5, 2, 6, 9}}, // leaving pan, selects mains
+            {"tone_gen_freq", 0, {}},
+        };
         connectMixer();
-        manager->slotSendModeChange(before);
-        ports->sent.clear();
-        manager->slotFindModeChangeFromParameterName(QTest::currentDataTag());
-        QList<int> sent;
-        for (const QByteArray& bytes : ports->sentBytes())
-            sent << bytes[5] << bytes[11];
-        QTEST(sent, "sent");
+        for (const auto& [name, before, wanted] : rows) {
+            manager->slotSendModeChange(before);
+            ports->sent.clear();
+            manager->slotFindModeChangeFromParameterName(name);
+            QList<int> sent;
+            for (const QByteArray& bytes : ports->sentBytes())
+                sent << bytes[5] << bytes[11];
+            QCOMPARE(sent, wanted);
+        }
     }
 
     void demoModeDoesNotWaitForAnAnswer()
@@ -244,56 +195,38 @@ private slots:
         QVERIFY(!heard().contains("signalExitDemoMode"));
     }
 
-    void receives_data()
-    {
-        QTest::addColumn<QString>("port");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QStringList>("emitted");
-        const auto row = [](const QString& port, const char* hex, const QStringList& emitted) {
-            QTest::addRow("%s: %s", qPrintable(port), hex)
-                << port << QByteArray::fromHex(hex) << emitted;
-        };
-        const auto fromMixer = [](const char* hex, const QStringList& emitted) {
-            QTest::newRow(hex) << mixer << framed(hex) << emitted;
-        };
-        fromMixer("0a000001", {}); // begins
-        fromMixer("0a0c0101", {"signalLiveMemoryFinishedSyncing"});
-        fromMixer("0a0b0101", {"signalReceiveSinglePresetComplete 12 true"});
-        fromMixer("0a000100", {"signalReceiveSinglePresetComplete 1 false"});
-        fromMixer("0607", {"signalChannelSelect 7"});
-        fromMixer("0500", {"signalViewChange 1"});
-        fromMixer("0505", {"signalViewChange 2"});
-        fromMixer("0507", {});
-        fromMixer("050c", {"signalViewChange 1", "signalChannelSelect 12"});
-        fromMixer("050f", {});
-
-        fromMixer("0201010004456a",
-                  {"signalReceiveMainwindowPresetParams faderframe_ch1_fader 8938"});
-        fromMixer("0202090019007f",
-                  {"signalReceiveChannelStripParams channelstrip_mains_gate_thresh 127"});
-        fromMixer("02030000200768", {"signalReceiveReverbParams reverbtab_decay_time 1000"});
-        fromMixer("03040100310003", {"signalReceiveSurroundParams surroundtab_ch1_assign 3"});
-        fromMixer("030601003e0001", {"signalReceiveMainwindowGlobalParams ch1_phantom 1"});
-        fromMixer("03070800410001", {"signalReceiveUSBParams usbtab_ch8_output_prepost 1"});
-        fromMixer("03050401010214", {"signalReceiveMidiParams miditab_button01_bank1_note 20"});
-
-        row(mixer, "f07d7d7d7d0df7", {"signalReceiveGoToSyncPreset 0"}); // whoever made it
-
-        const QString dark = "signalReceiveBankPressOffIndicators";
-        row(surface, "b10740", {"signalReceiveCCsForHUI 1 6 64"});
-        row(surface, "900e7f", {"signalReceiveNotesForHUI 0 13 127"});
-        row(surface, "900e00", {"signalReceiveNotesForHUI 0 13 0", dark}); // as good as a note-off
-        row(surface, "800f10", {"signalReceiveNotesForHUI 0 14 16", dark});
-        row(host, "b00c41", {"signalReceiveCCsForHuiLeds 0 12 65"});
-        row(host, "900c41", {});
-    }
     void receives()
     {
-        QFETCH(QString, port);
-        QFETCH(QByteArray, bytes);
+        const QString dark = "signalReceiveBankPressOffIndicators";
+        const std::tuple<QString, QByteArray, QStringList> rows[]{
+            {mixer, framed("0a000001"), {}}, // begins
+            {mixer, framed("0a0b0101"), {"signalReceiveSinglePresetComplete 12 true"}},
+            {mixer, framed("0a000100"), {"signalReceiveSinglePresetComplete 1 false"}},
+            {mixer, framed("0607"), {"signalChannelSelect 7"}},
+            {mixer, framed("0500"), {"signalViewChange 1"}},
+            {mixer, framed("0505"), {"signalViewChange 2"}},
+            {mixer, framed("0507"), {}},
+            {mixer, framed("050c"), {"signalViewChange 1", "signalChannelSelect 12"}},
+            {mixer, framed("050f"), {}},
+            {mixer,
+             framed("03040100310003"),
+             {"signalReceiveSurroundParams surroundtab_ch1_assign 3"}},
+            {mixer,
+             QByteArray::fromHex("f07d7d7d7d0df7"),
+             {"signalReceiveGoToSyncPreset 0"}}, // whoever made it
+            {surface, QByteArray::fromHex("b10740"), {"signalReceiveCCsForHUI 1 6 64"}},
+            {surface, QByteArray::fromHex("900e7f"), {"signalReceiveNotesForHUI 0 13 127"}},
+            // As good as a note-off.
+            {surface, QByteArray::fromHex("900e00"), {"signalReceiveNotesForHUI 0 13 0", dark}},
+            {surface, QByteArray::fromHex("800f10"), {"signalReceiveNotesForHUI 0 14 16", dark}},
+            {host, QByteArray::fromHex("b00c41"), {"signalReceiveCCsForHuiLeds 0 12 65"}},
+            {host, QByteArray::fromHex("900c41"), {}},
+        };
         connectMixer();
-        receive(bytes, port);
-        QTEST(heard(), "emitted");
+        for (const auto& [port, bytes, emitted] : rows) {
+            receive(bytes, port);
+            QCOMPARE(heard(), emitted);
+        }
     }
 
     void hostileSysexIsDropped()

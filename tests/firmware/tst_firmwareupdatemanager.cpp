@@ -61,43 +61,35 @@ private slots:
         QDir::setCurrent(startFolder);
     }
 
-    void checkEnds_data()
-    {
-        QTest::addColumn<QByteArray>("tool"); // empty: there is none
-        QTest::addColumn<QString>("found");
-        QTest::addColumn<QString>("expected");
-        QTest::addColumn<bool>("updated");
-        QTest::addColumn<QStringList>("signalsInOrder");
-        const auto row = [](const char* name, const char* tool, const char* found,
-                            const char* expected, bool updated, const QStringList& wanted) {
-            QTest::newRow(name) << QByteArray(tool) << QString(found) << QString(expected)
-                                << updated << wanted;
-        };
-        row("same firmware", "exit 0", "1.2.3", "1.2.3", false, {"match", "match"});
-        row("confirms an update", "exit 0", "", "", true, {"match", "restarted", "match"});
-        row("out of date", "exit 38", "1.2.3", "1.2.4", false, {"out of date"});
-        row("38 with equal versions", "exit 38", "1.2.3", "1.2.3", false, {"match"});
-        row("crash", "kill -SEGV $$", "", "", false, {"match"});
-        row("no tool", "", "", "", false, {"match"});
-    }
     void checkEnds()
     {
-        QFETCH(QByteArray, tool);
-        QFETCH(QString, found);
-        QFETCH(QString, expected);
-        QFETCH(bool, updated);
-        QFETCH(QStringList, signalsInOrder);
-        makeManager(tool.isEmpty() ? nullptr : tool.constData());
-        manager->foundVersion = found;
-        manager->expectedVersion = expected;
-        manager->updateSucceeded = updated;
-        manager->slot_CheckFWStarted();
-        QTRY_COMPARE(heard, signalsInOrder);
-        QVERIFY(!manager->updateSucceeded);
-        QTest::qWait(20);
-        QCOMPARE(heard, signalsInOrder);
-        if (tool.isEmpty())
-            QVERIFY(console.contains("could not be started"));
+        const struct {
+            const char* tool;
+            QString found;
+            QString expected;
+            bool updated;
+            QStringList heard;
+        } rows[]{
+            {"exit 0", "1.2.3", "1.2.3", false, {"match", "match"}},
+            {"exit 0", "", "", true, {"match", "restarted", "match"}},
+            {"exit 38", "1.2.3", "1.2.4", false, {"out of date"}},
+            {"exit 38", "1.2.3", "1.2.3", false, {"match"}},
+            {"kill -SEGV $$", "", "", false, {"match"}},
+            {nullptr, "", "", false, {"match"}},
+        };
+        for (const auto& row : rows) {
+            prepare();
+            makeManager(row.tool);
+            manager->foundVersion = row.found;
+            manager->expectedVersion = row.expected;
+            manager->updateSucceeded = row.updated;
+            manager->slot_CheckFWStarted();
+            QTRY_COMPARE(heard, row.heard);
+            QTest::qWait(20);
+            QCOMPARE(heard, row.heard);
+            QVERIFY(!manager->updateSucceeded);
+        }
+        QVERIFY(console.contains("could not be started"));
     }
 
     void outputIsPassedOnWhole()
@@ -132,26 +124,21 @@ private slots:
         QTRY_COMPARE(heard, QStringList({"match"}));
     }
 
-    void updateEnds_data()
-    {
-        QTest::addColumn<QByteArray>("tool");
-        QTest::addColumn<QStringList>("signalsInOrder");
-        const QStringList good{"complete", "restart?"};
-        QTest::newRow("good") << QByteArray("echo 1; exit 0") << good;
-        QTest::newRow("only the error stream counts") << QByteArray("exit 5") << good;
-        QTest::newRow("error") << QByteArray("echo 1; printf 'no\\nboard\\n' >&2; exit 0")
-                               << QStringList{"error:noboard"};
-    }
     void updateEnds()
     {
-        QFETCH(QByteArray, tool);
-        QFETCH(QStringList, signalsInOrder);
-        makeManager(tool.constData());
-        manager->slot_UpgradeFWStarted();
-        QVERIFY(manager->isUpdating());
-        manager->slot_UpgradeFWStarted(); // refused while one runs
-        QTRY_VERIFY(!manager->isUpdating());
-        QCOMPARE(heard, signalsInOrder);
+        const QStringList good{"complete", "restart?"};
+        for (const auto& [tool, wanted] :
+             {std::pair("echo 1; exit 0", good),
+              {"exit 5", good}, // only the error stream counts
+              {"echo 1; printf 'no\\nboard\\n' >&2; exit 0", {"error:noboard"}}}) {
+            prepare();
+            makeManager(tool);
+            manager->slot_UpgradeFWStarted();
+            QVERIFY(manager->isUpdating());
+            manager->slot_UpgradeFWStarted(); // refused while one runs
+            QTRY_VERIFY(!manager->isUpdating());
+            QCOMPARE(heard, wanted);
+        }
     }
 
     void aNewUpdateStartsWithoutTheOldError()

@@ -67,7 +67,6 @@ public:
         connect(store, SIGNAL(signalPresetMenu(int)), this, SLOT(menu(int)));
         connect(store, SIGNAL(signalPresetDirty(int, bool)), this, SLOT(dirty(int, bool)));
         connect(store, SIGNAL(signalAddOrRemovePreset()), this, SLOT(list()));
-        connect(store, SIGNAL(signalPopulateSetlistMenusAfterDelete()), this, SLOT(afterDelete()));
         connect(store, SIGNAL(signalSendPresetParameter(QString, int)), this,
                 SLOT(send(QString, int)));
         connect(store, SIGNAL(signalDisconnectFromSysexSending()), this, SLOT(cut()));
@@ -86,7 +85,6 @@ private slots:
     void menu(int row) { events << QString("menu:%1").arg(row); }
     void dirty(int preset, bool on) { events << QString(on ? "dirty:%1" : "clean:%1").arg(preset); }
     void list() { events << QString("list"); }
-    void afterDelete() { events << QString("after-delete"); }
     void send(QString name, int value) { events << QString("%1=%2").arg(name).arg(value); }
     void cut() { events << QString("cut"); }
     void join() { events << QString("join"); }

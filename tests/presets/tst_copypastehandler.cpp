@@ -44,55 +44,46 @@ class TestCopyPasteHandler : public LibraryTest
     }
 
 private slots:
-    void channel_data()
-    {
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("to");
-        QTest::addColumn<QStringList>("words");
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<int>("count");
-        const auto row = [](int from, int to, const QStringList& words, const char* keys, int n) {
-            QTest::addRow("%d to %d", from, to) << from << to << words << QString(keys) << n;
-        };
-        row(1, 3, {"_ch1_", "_ch3_"},
-            "^(channelstrip_ch3_(trim|highPass|eq|compressor|gate|pan|aux[123]_routing)_?|"
-            "faderframe_ch3_(fader|mute|solo)$|reverbtab_ch3_send_level$)",
-            36);
-        row(9, 9, {"_mains_", "_mains_"}, "_mains_(eq|compressor|gate|fader|mute)", 21);
-        row(10, 12, {"_aux1_", "_aux3_"},
-            "^(channelstrip_ch[1-8]_aux3_routing_|faderframe_aux3_(fader|mute)$)", 26);
-        row(13, 13, {"_phones_", "_phones_"}, "_phones_(fader|mute|monitor_select)$", 3);
-        for (const auto& [from, to] : {std::pair(9, 8), {8, 9}, {13, 12}})
-            row(from, to, {"", ""}, "^none$", 0);
-    }
     void channel()
     {
-        QFETCH(int, from);
-        QFETCH(int, to);
-        QFETCH(QStringList, words);
-        QFETCH(QString, keys);
-        const QVariantMap source = numbered("source", 1000);
-        QVariantMap target = numbered("target", 2000);
-        const QVariantMap library{{"Preset_000", source}, {"Preset_001", target}};
-        read(QJsonDocument::fromVariant(library).toJson());
-        select(0);
-        handler->slotSetCurrentChannel(from);
-        handler->slotCopyChannel();
-        select(1);
-        handler->slotSetCurrentChannel(to);
-        handler->slotPasteChannel();
+        // From one channel to the other, their parts of the names, and what changes of the target.
+        const std::tuple<int, int, QString, QString, QString, int> rows[]{
+            {1, 3, "_ch1_", "_ch3_",
+             "^(channelstrip_ch3_(trim|highPass|eq|compressor|gate|pan|aux[123]_routing)_?|"
+             "faderframe_ch3_(fader|mute|solo)$|reverbtab_ch3_send_level$)",
+             36},
+            {9, 9, "_mains_", "_mains_", "_mains_(eq|compressor|gate|fader|mute)", 21},
+            {10, 12, "_aux1_", "_aux3_",
+             "^(channelstrip_ch[1-8]_aux3_routing_|faderframe_aux3_(fader|mute)$)", 26},
+            {13, 13, "_phones_", "_phones_", "_phones_(fader|mute|monitor_select)$", 3},
+            {9, 8, "", "", "^none$", 0},
+            {8, 9, "", "", "^none$", 0},
+            {13, 12, "", "", "^none$", 0},
+        };
+        for (const auto& [from, to, fromWord, toWord, keys, count] : rows) {
+            const QVariantMap source = numbered("source", 1000);
+            QVariantMap target = numbered("target", 2000);
+            const QVariantMap library{{"Preset_000", source}, {"Preset_001", target}};
+            read(QJsonDocument::fromVariant(library).toJson());
+            select(0);
+            handler->slotSetCurrentChannel(from);
+            handler->slotCopyChannel();
+            select(1);
+            handler->slotSetCurrentChannel(to);
+            handler->slotPasteChannel();
 
-        QStringList sent;
-        for (const QString& key : target.keys().filter(QRegularExpression(keys))) {
-            target[key] = source.value(QString(key).replace(words.at(1), words.at(0)));
-            sent << key + "=" + target.value(key).toString();
+            QStringList sent;
+            for (const QString& key : target.keys().filter(QRegularExpression(keys))) {
+                target[key] = source.value(QString(key).replace(toWord, fromWord));
+                sent << key + "=" + target.value(key).toString();
+            }
+            QCOMPARE(sent.size(), count);
+            QCOMPARE(store->workingPreset(1), target);
+            // Not in a recall's brackets: a stereo partner follows.
+            const QString events =
+                "cut lock recall:target " + sent.join(' ') + " join free dirty:1 done";
+            QCOMPARE(recorder->take(), sent.isEmpty() ? QString() : events);
         }
-        QTEST(static_cast<int>(sent.size()), "count");
-        QCOMPARE(store->workingPreset(1), target);
-        // Not in a recall's brackets: a stereo partner follows.
-        const QString events =
-            "cut lock recall:target " + sent.join(' ') + " join free dirty:1 done";
-        QCOMPARE(recorder->take(), sent.isEmpty() ? QString() : events);
     }
 
     void preset()
@@ -112,9 +103,6 @@ private slots:
         QCOMPARE(deselected.size(), 1);
         QCOMPARE(onDisk(), before);
         QVERIFY(!store->workingPreset(2).contains("junk"));
-        select(0);
-        handler->slotPastePreset();
-        QVERIFY(recorder->take().contains("recall:[CONNECTION SYNC] reverbtab_level=42 "));
     }
 
     void newPreset()
@@ -123,7 +111,6 @@ private slots:
         edit("junk", 5);
         handler->slotCopyPreset();
         QSignalSpy selected(handler.get(), SIGNAL(signalPresetMenu(int)));
-        QSignalSpy deletable(handler.get(), SIGNAL(signalEnableDeleteButton(bool)));
         handler->slotPasteNewPreset();
         handler->slotPasteNewPreset();
         QCOMPARE(selected.value(1), QVariantList{4});
@@ -140,16 +127,7 @@ private slots:
         QCOMPARE(names().size(), 6);
         store->slotSetDemoModeEnabled(false);
         QCOMPARE(names().size(), 5);
-        QCOMPARE(deletable.size(), 2);
         QCOMPARE(onDisk(), before);
-
-        for (const int size : {1000, 0}) {
-            const QByteArray unchanged = libraryOf(QStringList(size, "x"));
-            read(unchanged);
-            handler->slotPasteNewPreset();
-            QCOMPARE(store->appendPreset({{"preset_name", "x"}}), -1);
-            QCOMPARE(onDisk(), unchanged);
-        }
     }
 
     void clear()
@@ -157,16 +135,12 @@ private slots:
         store->slotSetDemoModeEnabled(true); // without the mixer's pace
         QVariantMap blank = blankTemplate();
         QVariantMap wanted = blank;
-        wanted.insert("preset_name", "a");
-        handler->slotClearPreset(); // the folder has no template
-        QCOMPARE(store->workingPreset(1), wanted);
-
+        wanted.insert({{"preset_name", "a"}, {"reverbtab_level", 55}});
         edit("reverbtab_damping", 1);
         edit("reverbtab_diffusion", 1);
         blank.remove("reverbtab_damping");
         blank.insert({{"reverbtab_diffusion", "much"}, {"reverbtab_level", 55}, {"junk", 1}});
         folder->write("Blank.jsumpreset", QJsonDocument::fromVariant(blank).toJson());
-        wanted.insert("reverbtab_level", 55);
         handler->slotClearPreset();
         QCOMPARE(store->workingPreset(1), wanted);
     }

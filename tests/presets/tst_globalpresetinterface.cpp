@@ -30,11 +30,11 @@ class TestGlobalPresetInterface : public TestCase
         store->slotRecallGlobal();
         return spy.first().first().toMap();
     }
-    void change(const QString& name, const QVariant& value)
+    void change(int brightness)
     {
         store->globalSaveTimer->start(100000);
         store->globalSaveTicks = 0;
-        store->slotStoreGlobal(name, value);
+        store->slotStoreGlobal("led_brightness", brightness);
     }
     void tick(int times)
     {
@@ -58,7 +58,7 @@ private slots:
         read(R"({"Global":{"led_brightness":1,"later":{}},"more":2})");
         const QByteArray before = folder->bytes("global.json");
         for (int value = 0; value < 10; ++value) {
-            change("led_brightness", value);
+            change(value);
             tick(500);
         }
         QCOMPARE(folder->bytes("global.json"), before);
@@ -88,7 +88,7 @@ private slots:
         read(before);
         store->slotStoreGlobal("led_brightness", 5); // never written
         store->slotSetDemoModeEnabled(true);
-        change("led_brightness", 9);
+        change(9);
         tick(600);
         store->slotWriteGlobal();
         QCOMPARE(folder->bytes("global.json"), before);

@@ -41,16 +41,8 @@ private slots:
         QVariantMap sync = defaults;
         sync.insert("preset_name", "[CONNECTION SYNC]");
         QCOMPARE(presets.value("Preset_000").toMap(), sync);
-        for (const QVariant& preset : presets) {
-            const QVariantMap values = preset.toMap();
-            QCOMPARE(values.keys(), defaults.keys());
-            for (auto value = values.cbegin(); value != values.cend(); ++value) {
-                const int type = value->typeId();
-                QVERIFY2(type == QMetaType::LongLong
-                             || type == defaults.value(value.key()).typeId(),
-                         qPrintable(value.key() + ' ' + value->toString()));
-            }
-        }
+        for (const QVariant& preset : presets)
+            QCOMPARE(preset.toMap().keys(), defaults.keys());
     }
 };
 

@@ -12,7 +12,6 @@ class TestSetlist : public TestCase
     std::unique_ptr<Setlist> setlist;
     QList<QComboBox*> menus;
     ReorderableListWidget list;
-    QString enabled; // the slots that were told to have buttons, since the last filling
 
     void prepare() override { folder = std::make_unique<StoreFolder>(); }
 
@@ -33,8 +32,6 @@ class TestSetlist : public TestCase
         setlist->slotUpdateJSONPath();
         setlist->slotInitComponents(menus);
         connect(setlist.get(), SIGNAL(signalGetPresetList()), this, SLOT(fill()));
-        connect(setlist.get(), SIGNAL(signalUpdateSendsAndReceives(bool, QChar)), this,
-                SLOT(note(bool, QChar)));
         setNames(presets);
     }
     void setNames(const QStringList& presets)
@@ -61,44 +58,35 @@ class TestSetlist : public TestCase
     {
         return folder->bytes("setlist.json").contains(entry);
     }
-    const QStringList names = QString("a b c d e f g h i j k l m").split(' ');
 
 public slots:
     void fill()
     {
-        enabled.clear();
         setlist->slotPopulateSetlistMenus(&list);
         setlist->slotRecallSetlist();
     }
-    void note(bool on, QChar letter) { enabled += on ? QString(letter) : QString(); }
 
 private slots:
-    void files_data()
-    {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("wanted");
-        const QString none = "? ? ? ? ? ? ? ? ? ? ? ?";
-        QTest::newRow("none") << QByteArray() << none;
-        QTest::newRow("empty") << QByteArray("") << none;
-        QTest::newRow("cut off") << QByteArray(R"({"A":"a","B":)") << none;
-        QTest::newRow("no object") << QByteArray(R"(["a","b"])") << none;
-        QTest::newRow("all kinds of values")
-            << QByteArray(R"({"A":"a","B":{"x":"b"},"C":["b"],"D":null,"E":5,"F":true,"G":"gone",
-                              "H":"A","I":"[OFF]","J":"[DEFAULT]","K":"","a":"b","M":"b","":"b"})")
-            << "a ? ? ? ? ? ? ? - [DEFAULT] ? ?";
-    }
     // A slot is changed after it: the rest of what the menus show is kept.
     void files()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(QString, wanted);
-        open(file, {"a", "b"});
-        QCOMPARE(shown(), wanted);
-        menus.at(11)->setCurrentText("b");
-        QCOMPARE(shown(), wanted.chopped(1) + "b");
-        open({}, {"a", "b"});
-        QCOMPARE(shown(), wanted.chopped(1) + "b");
-        QVERIFY(!isOnDisk("\"M\""));
+        const QString none = "? ? ? ? ? ? ? ? ? ? ? ?";
+        for (const auto& [file, wanted] :
+             {std::pair(QByteArray(), none),
+              {R"({"A":"a","B":)", none},
+              {R"(["a","b"])", none},
+              {R"({"A":"a","B":{"x":"b"},"C":["b"],"D":null,"E":5,"F":true,"G":"gone",
+                   "H":"A","I":"[OFF]","J":"[DEFAULT]","K":"","a":"b","M":"b","":"b"})",
+               "a ? ? ? ? ? ? ? - [DEFAULT] ? ?"}}) {
+            prepare();
+            open(file, {"a", "b"});
+            QCOMPARE(shown(), wanted);
+            menus.at(11)->setCurrentText("b");
+            QCOMPARE(shown(), wanted.chopped(1) + "b");
+            open({}, {"a", "b"});
+            QCOMPARE(shown(), wanted.chopped(1) + "b");
+            QVERIFY(!isOnDisk("\"M\""));
+        }
     }
 
     void onePresetStandsInOneSlot()
@@ -119,34 +107,24 @@ private slots:
         open(R"({"A":"a","B":"b","C":"[DEFAULT]","D":"[OFF]"})", {"a", "b"});
         setNames({"b"});
         QCOMPARE(shown().first(3), QString("? b"));
-        QCOMPARE(enabled, QString("ABCEFGHIJKL"));
         setlist->slotPopulateSetlistAfterDelete(&list);
         QCOMPARE(shown(), QString("- b - - - - - - - - - -"));
         QVERIFY(isOnDisk(R"("C": "[OFF]")"));
     }
 
-    void autoPopulate_data()
-    {
-        QTest::addColumn<QStringList>("presets");
-        QTest::addColumn<QString>("wanted");
-        QTest::newRow("no preset") << QStringList() << "- - - - - - - - - - - -";
-        QTest::newRow("three") << names.first(3) << "a b c - - - - - - - - -";
-        QTest::newRow("twelve") << names.first(12) << "a b c d e f g h i j k l";
-        QTest::newRow("thirteen") << names << "a b c d e f g h i j k l";
-        QTest::newRow("one name twice") << QStringList{"a", "a", "b"} << "a - b - - - - - - - - -";
-    }
     void autoPopulate()
     {
-        QFETCH(QStringList, presets);
-        QFETCH(QString, wanted);
         const QByteArray before = R"({"A":"c","B":"gone","C":"a","L":"[DEFAULT]"})";
-        open(before, presets);
-        setlist->slotAutoPopulateSetlist(&list);
-        QCOMPARE(shown(), wanted);
-        // The choice by hand is what is kept, not a state on the way.
-        QCOMPARE(folder->bytes("setlist.json.bak"), before);
-        setlist->slotClearSetlist();
-        QCOMPARE(shown(), QString("- - - - - - - - - - - -"));
+        for (const auto& [presets, wanted] :
+             {std::pair(QStringList(), "- - - - - - - - - - - -"),
+              {QString("a b c d e f g h i j k l m").split(' '), "a b c d e f g h i j k l"},
+              {{"a", "a", "b"}, "a - b - - - - - - - - -"}}) {
+            open(before, presets);
+            setlist->slotAutoPopulateSetlist(&list);
+            QCOMPARE(shown(), wanted);
+            // The choice by hand is what is kept, not a state on the way.
+            QCOMPARE(folder->bytes("setlist.json.bak"), before);
+        }
     }
 
     void failedWrite()

@@ -59,9 +59,8 @@ public:
     QStringList audioOutputNames() override { return audioNames; }
 
 private:
-    class Input : public MidiInputPort
-    {
-    public:
+    // Among the open ones for as long as it lives.
+    struct Input : MidiInputPort {
         Input(FakePorts& owner, const QString& id)
             : ports(owner)
             , identifier(id)
@@ -72,14 +71,10 @@ private:
         void start() override { }
         void stop() override { }
 
-    private:
         FakePorts& ports;
-        QString identifier;
+        const QString identifier;
     };
-
-    class Output : public MidiOutputPort
-    {
-    public:
+    struct Output : MidiOutputPort {
         Output(FakePorts& owner, const QString& id)
             : ports(owner)
             , identifier(id)
@@ -89,13 +84,11 @@ private:
         ~Output() override { ports.openOutputs.removeOne(identifier); }
         void sendMessageNow(const juce::MidiMessage& message) override
         {
-            ports.sent.append({identifier,
-                               QByteArray(reinterpret_cast<const char*>(message.getRawData()),
-                                          message.getRawDataSize())});
+            const auto* bytes = reinterpret_cast<const char*>(message.getRawData());
+            ports.sent.append({identifier, QByteArray(bytes, message.getRawDataSize())});
         }
 
-    private:
         FakePorts& ports;
-        QString identifier;
+        const QString identifier;
     };
 };

@@ -9,19 +9,13 @@
 
 #include <sys/stat.h>
 
-namespace
-{
-
-const QString path = QStringLiteral("resources/tables/table.txt");
-
-} // namespace
-
 class TestTableFileReader : public TestCase
 {
     Q_OBJECT
 
     std::unique_ptr<QTemporaryDir> folder;
     QString startFolder = QDir::currentPath();
+    inline static const QString path = "resources/tables/table.txt";
 
     void prepare() override
     {
@@ -40,27 +34,22 @@ class TestTableFileReader : public TestCase
 private slots:
     void cleanup() { QDir::setCurrent(startFolder); }
 
-    void numbers_data()
-    {
-        QTest::addColumn<QList<double>>("reals");
-        QTest::addColumn<QList<int>>("integers");
-        const auto row = [](const char* content, const QList<double>& reals,
-                            const QList<int>& integers) {
-            QTest::newRow(content) << reals << integers;
-        };
-        row(".5,20.50,2.10,3.,-.25,", {0.5, 20.5, 2.1, 3.0, -0.25}, {0, 0, 0, 0, 0});
-        row("1,,2", {1.0, 0.0}, {1, 0});
-        row("1.250,1.005,", {3.5, 1.05}, {0, 0}); // only two decimals are understood
-        row("5-,1-2,1.2.5,1. 05,", {-5.0, -12.0, 1.25, 1.5}, {0, 0, 0, 0});
-        row("1,\n 25 ,\r\n-3 \n.5\n,\n", {1.0, 25.0, -3.5}, {1, 25, 0});
-        row("six,1 2,0x10,1e3,2.x,+4,", {0.0, 0.0, 0.0, 0.0, 2.0, 4.0}, {0, 0, 0, 0, 0, 4});
-        row("5\xB2,\xC3\xA9,6,", {0.0, 0.0, 6.0}, {0, 0, 6});
-    }
     void numbers()
     {
-        write(QTest::currentDataTag());
-        QTEST(TableFileReader().readDoubleTable("table.txt"), "reals");
-        QTEST(TableFileReader().readIntTable("table.txt"), "integers");
+        const std::tuple<QByteArray, QList<double>, QList<int>> rows[]{
+            {".5,20.50,2.10,3.,-.25,", {0.5, 20.5, 2.1, 3.0, -0.25}, {0, 0, 0, 0, 0}},
+            {"1,,2", {1.0, 0.0}, {1, 0}},
+            {"1.250,1.005,", {3.5, 1.05}, {0, 0}}, // only two decimals are understood
+            {"5-,1-2,1.2.5,1. 05,", {-5.0, -12.0, 1.25, 1.5}, {0, 0, 0, 0}},
+            {"1,\n 25 ,\r\n-3 \n.5\n,\n", {1.0, 25.0, -3.5}, {1, 25, 0}},
+            {"six,1 2,0x10,1e3,2.x,+4,", {0.0, 0.0, 0.0, 0.0, 2.0, 4.0}, {0, 0, 0, 0, 0, 4}},
+            {"5\xB2,\xC3\xA9,6,", {0.0, 0.0, 6.0}, {0, 0, 6}},
+        };
+        for (const auto& [content, reals, integers] : rows) {
+            write(content);
+            QCOMPARE(TableFileReader().readDoubleTable("table.txt"), reals);
+            QCOMPARE(TableFileReader().readIntTable("table.txt"), integers);
+        }
     }
 
     // A pipe that were opened would hang the program, a device would fill its memory.

@@ -56,34 +56,18 @@ private slots:
             QString selected;
             QString lit; // 7 and 8 are a pair
         } rows[]{
-            {"3", "3", "3"},
-            {"3 3", "3", "3"},
-            {"S3", "1 3", "1 3"},
-            {"S1", "1", "1"},
-            {"S5 S3", "1 5 3", "1 3 5"},
-            {"S5 S3 S5", "1 3", "1 3"},
-            {"S5 S3 S1", "5 3", "3 5"},
-            {"S5 S3 5", "5", "5"},
-            {"S5 S3 2", "2", "2"},
-            {"S7", "1 7", "1 7 8"},
-            {"S8", "1 8", "1 7 8"},
-            {"S7 S7", "1", "1"},
-            {"S7 S8", "1", "1"},
-            {"S8 S7", "1", "1"},
-            {"S7 S1 8", "8", "8"},
-            {"S7 2", "2", "2"},
-            {"mains", "mains", "mains"},
-            {"S3 aux2", "aux2", "aux2"},
-            {"S3 Smains", "mains", "mains"},
+            {"S3", "1 3", "1 3"},        {"S1", "1", "1"},
+            {"S5 S3", "1 5 3", "1 3 5"}, {"S5 S3 S1", "5 3", "3 5"},
+            {"S5 S3 5", "5", "5"},       {"S8", "1 8", "1 7 8"},
+            {"S7 S7", "1", "1"},         {"S8 S7", "1", "1"},
+            {"S7 S1 8", "8", "8"},       {"S3 Smains", "mains", "mains"},
             {"aux2 S3", "3", "3"},
-            {"phones Saux1", "aux1", "aux1"},
-            {"mains Smains", "mains", "mains"},
         };
+        Desk desk;
+        desk.start();
+        setPaired(desk, 7, 1);
         for (const auto& row : rows) {
-            Desk desk;
-            desk.start();
-            setPaired(desk, 7, 1);
-            click(desk, row.clicks);
+            click(desk, "1 " + row.clicks);
             QCOMPARE(row.clicks + ": " + selected(desk).join(' '),
                      row.clicks + ": " + row.selected);
             QCOMPARE(row.clicks + ": " + lit(desk).join(' '), row.clicks + ": " + row.lit);
@@ -101,7 +85,7 @@ private slots:
         QStringList channels{"mains", "aux1", "phones"};
         for (int channel = 1; channel <= 8; ++channel)
             channels << QString::number(channel);
-        for (int i = 0; i < 300; ++i) {
+        for (int i = 0; i < 150; ++i) {
             if (i % 20 == 19)
                 setPaired(desk, 1 + 2 * random.bounded(4), random.bounded(2));
             const QString shift = random.bounded(4) > 0 ? "S" : "";
@@ -143,16 +127,6 @@ private slots:
         }
     }
 
-    void trimIsAChannelsOwn()
-    {
-        Desk desk;
-        desk.start();
-        click(desk, "S3 S5");
-        desk.sent();
-        desk.set("channelstrip_ch5_trim", 7);
-        QCOMPARE(desk.sent(), "channelstrip_ch5_trim=7");
-    }
-
     void byTheMixer()
     {
         const struct {
@@ -162,20 +136,18 @@ private slots:
             QString sent;
         } rows[]{
             {"3", "0605", "5", "06000000000005"},
-            {"3", "0603", "3", ""},
             {"3 S5", "0607", "7", "06000000000007"},
             {"3 S5 S1", "0605", "5", ""},
             {"1 S7", "0608", "8", ""}, // lit as the partner
             {"3", "0609", "mains", "06000000000009"},
             {"aux2", "0602", "2", "06000000000002"},
-            {"3 S5", "050d", "phones", ""},
             {"3", "0600", "phones", ""},
         };
-        for (const auto& row : rows) {
-            for (const bool linked : {true, false}) {
-                Desk desk(libraryOf(fewNames), {{"view_linking_enable", linked}});
-                desk.start();
-                setPaired(desk, 7, 1);
+        for (const bool linked : {true, false}) {
+            Desk desk(libraryOf(fewNames), {{"view_linking_enable", linked}});
+            desk.start();
+            setPaired(desk, 7, 1);
+            for (const auto& row : rows) {
                 click(desk, row.clicks);
                 const QString before = selected(desk).join(' ');
                 desk.sent();
@@ -196,19 +168,15 @@ private slots:
             int page;
             QString sent;
         } rows[]{
-            {"channelStrip", 1, ""},
-            {"reverb", 2, "05000000000005"},
             {"reverb", 2, "05000000000005"},
             {"midi", 3, ""},
-            {"surround", 0, ""},
             {"phones", 1, "0500000000000d 0500000000000d"},
             {"usb", 4, ""},
             {"channelStrip", 1, "0500000000000d"},
             {"mains", 1, "05000000000000 06000000000009"},
-            {"0505", 2, "05000000000005"},
             {"0506", 0, ""},
             {"0500", 1, ""},
-            {"0507", 1, ""},
+            {"0505", 2, "05000000000005"},
         };
         Desk desk(libraryOf(fewNames), {{"view_linking_enable", true}});
         desk.start();
@@ -224,11 +192,14 @@ private slots:
             for (const QString& tab : names)
                 QCOMPARE(desk.button(tab + "TabButton")->isChecked(), tab == names[row.page]);
         }
-        for (const int number : {-1, 3, 99})
-            desk.view->slotChangeTabViewFromSysex(number);
-        QVERIFY(desk.button("channelStripTabButton")->isChecked());
+        // The mixer's panel goes where something is changed, but not with a recall.
+        desk.clickRow(1);
+        QCOMPARE(desk.sent(), recallOf(1));
+        desk.set(gain, 10555);
+        QCOMPARE(desk.sent(), "05000000000002 " + gain + "=10555");
     }
 
+    // Surround uses the aux buses.
     void auxLocking()
     {
         const struct {
@@ -271,56 +242,52 @@ private slots:
     {
         Desk desk;
         desk.start();
-        click(desk, "2 S5 S1");
-        setPaired(desk, 1, 1);
-        QCOMPARE(selected(desk), (QStringList{"5", "1"}));
-        desk.set(fader(5), 7000);
-        QCOMPARE(desk.shown(fader(1)), 7000);
-        QCOMPARE(desk.shown(fader(2)), 6000);
-        desk.set("channelstrip_ch1_stereo", 0);
-        QCOMPARE(selected(desk), QStringList{"1"});
-        QCOMPARE(lit(desk), QStringList{"1"});
+        for (const QString clicks : {"2 S5 S1", "1 S5 S2"}) {
+            click(desk, clicks);
+            setPaired(desk, 1, 1);
+            QCOMPARE(selected(desk), (QStringList{"5", clicks.last(1)}));
+            desk.set("channelstrip_ch1_stereo", 0);
+            QCOMPARE(selected(desk), QStringList{clicks.last(1)});
+            QCOMPARE(lit(desk), QStringList{clicks.last(1)});
+        }
     }
 
     // Linked controls would move each other while a preset is laid on them.
     void aRecallEndsTheSelection()
     {
-        for (const QString by : {"row", "revert", "paste", "row after a press drawn off"}) {
-            Desk desk;
-            desk.start();
+        Desk desk;
+        desk.start();
+        for (const QString by : {"row", "revert", "paste"}) {
             desk.clickRow(1);
+            desk.click("revert");
             desk.actions[1]->trigger();
             click(desk, "1 S2 S3");
             desk.set(fader(3), 7500);
+            const int preset = by == "row" ? 2 : 1;
             if (by == "revert")
                 desk.click("revert");
             else if (by == "paste")
                 desk.actions[2]->trigger();
-            if (by.contains("press")) {
-                QWidget* other = desk.at(selectName("7"));
-                QTest::mousePress(other, Qt::LeftButton);
-                QTest::mouseMove(other, QPoint(-50, -50));
-                QTest::mouseRelease(other, Qt::LeftButton, {}, QPoint(-50, -50));
-            }
-            const int preset = by.startsWith("row") ? 2 : 1;
-            if (preset == 2)
+            else
                 desk.clickRow(preset);
             QCOMPARE(by + selected(desk).join(' '), by + "3");
             QCOMPARE(lit(desk), QStringList{"3"});
-            QCOMPARE(desk.shown(fader(1)), 5000 + 100 * preset);
-            QCOMPARE(desk.shown(fader(2)), 6000 + 100 * preset);
             desk.set(fader(3), 7600);
             QCOMPARE(desk.shown(fader(1)), 5000 + 100 * preset);
+            QCOMPARE(desk.shown(fader(2)), 6000 + 100 * preset);
         }
     }
 
-    void aPasteGoesToTheChannelShown()
+    void trimAndPasteConcernTheChannelShownOnly()
     {
         Desk desk;
         desk.start();
         click(desk, "1 S3 S3"); // back to 1
         desk.actions[4]->trigger();
         click(desk, "4 S5");
+        desk.sent();
+        desk.set("channelstrip_ch5_trim", 7);
+        QCOMPARE(desk.sent(), "channelstrip_ch5_trim=7");
         desk.actions[5]->trigger();
         QCOMPARE(desk.value(fader(5)), 5000);
         QVERIFY(!desk.preset(0).contains(fader(4)));
@@ -332,26 +299,23 @@ private slots:
         const struct {
             QString selection;
             QString actions; // "S" a click with Shift, "m" the mixer, "k" the keyboard
-            QString soloed;
             QString sentByTheLast;
+            QString soloed;
         } rows[]{
-            {"1", "1 3", "1 3", "3=1"},
-            {"1", "1 3 S5", "5", "1=0 3=0 5=1"},
-            {"1", "S5 1", "1 5", "1=1"},
-            {"1", "S5 k1", "1 5", "1=1"},
-            {"1", "S5 m1", "1 5", ""},
-            {"1", "S5 1 S5", "", "1=0 5=0"},
-            {"1 S3", "5 S1", "1 3", "1=1 3=1 5=0"},
-            {"1 S3", "S5 1", "1 3 5", "1=1 3=1"},
-            {"1 S3", "1 S5", "5", "1=0 3=0 5=1"},
+            {"1", "S5 k1", "1=1", "1 5"},         {"1", "S5 m1", "", "1 5"},
+            {"1", "S5 1 S5", "1=0 5=0", ""},      {"1 S3", "5 S1", "1=1 3=1 5=0", "1 3"},
+            {"1 S3", "1 S5", "1=0 3=0 5=1", "5"},
         };
+        const QString key = "faderframe_ch%1_solo";
+        Desk desk;
+        desk.start();
         for (const auto& row : rows) {
-            Desk desk;
-            desk.start();
+            for (int channel = 1; channel <= 8; ++channel)
+                desk.hear(key.arg(channel), 0);
             click(desk, row.selection);
             for (const QString& action : row.actions.split(' ')) {
+                const QString name = key.arg(action.back());
                 desk.sent();
-                const QString name = QString("faderframe_ch%1_solo").arg(action.back());
                 if (action.startsWith('m'))
                     desk.hear(name, 1);
                 else if (action.startsWith('k'))
@@ -359,17 +323,13 @@ private slots:
                 else
                     desk.click(name, action.startsWith('S') ? Qt::ShiftModifier : Qt::NoModifier);
             }
-            QStringList sent =
-                desk.sent().remove("faderframe_ch").remove("_solo").split(' ', Qt::SkipEmptyParts);
+            QStringList sent = desk.sent().remove("faderframe_ch").remove("_solo").split(' ');
             sent.sort();
             QCOMPARE(row.actions + ": " + sent.join(' '), row.actions + ": " + row.sentByTheLast);
             QStringList soloed;
-            for (int channel = 1; channel <= 8; ++channel) {
-                const QString name = QString("faderframe_ch%1_solo").arg(channel);
-                QCOMPARE(desk.value(name), desk.shown(name));
-                if (desk.shown(name) != 0)
+            for (int channel = 1; channel <= 8; ++channel)
+                if (desk.shown(key.arg(channel)) != 0)
                     soloed << QString::number(channel);
-            }
             QCOMPARE(row.actions + ": " + soloed.join(' '), row.actions + ": " + row.soloed);
         }
     }

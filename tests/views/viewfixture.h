@@ -11,17 +11,17 @@
 
 #include <QAbstractButton>
 #include <QAbstractSlider>
-#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
+#include <QHash>
 #include <QJsonDocument>
 #include <QLineEdit>
 #include <QLoggingCategory>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QToolButton>
 
@@ -30,14 +30,17 @@
 
 inline const QString syncName = QStringLiteral("[CONNECTION SYNC]");
 inline const QStringList fewNames{syncName, "One", "Two", "Three"};
+inline const QString ch1 = QStringLiteral("faderframe_ch1_fader");
+inline const QString ch2 = QStringLiteral("faderframe_ch2_fader");
+inline const QString gain = QStringLiteral("channelstrip_ch1_eq_hi_gain");
 
 // Of few parameters, so that a recall is short; what a preset lacks counts as 0.
 inline QVariantMap smallPreset(const QString& name, int number)
 {
     return {{"preset_name", name},
-            {"faderframe_ch1_fader", 5000 + 100 * number},
-            {"faderframe_ch2_fader", 6000 + 100 * number},
-            {"channelstrip_ch1_eq_hi_gain", 10000 + 100 * number}};
+            {ch1, 5000 + 100 * number},
+            {ch2, 6000 + 100 * number},
+            {gain, 10000 + 100 * number}};
 }
 inline QVariantMap libraryOf(const QStringList& names)
 {
@@ -45,6 +48,15 @@ inline QVariantMap libraryOf(const QStringList& names)
     for (int i = 0; i < names.size(); ++i)
         library.insert(QString("Preset_%1").arg(i, 3, 10, QChar('0')), smallPreset(names[i], i));
     return library;
+}
+
+// What its recall sends.
+inline QString recallOf(int number)
+{
+    QStringList words;
+    for (const QString& key : {gain, ch1, ch2})
+        words << QString("%1=%2").arg(key).arg(smallPreset({}, number)[key].toInt());
+    return words.join(' ');
 }
 
 // Does something while another thing waits: when events pass for the nth time.
@@ -73,12 +85,13 @@ private:
 };
 
 // The window with the view in it, which follows the mixer as the shell does. The working directory
-// is its own, with a library and a setlist in it.
+// is its own, with a library and a setlist in it. Making one takes half a second.
 class Desk : public QMainWindow
 {
     Q_OBJECT
 
     QTemporaryDir folder;
+    mutable QHash<QString, QWidget*> found; // a search goes through all of the view
 
 public:
     QSettings settings{folder.filePath("settings.ini"), QSettings::IniFormat};
@@ -213,10 +226,15 @@ public:
     // The controls, by name or, those of a page too, by key
     template <typename Widget = QWidget> Widget* at(const QString& name) const
     {
-        return name.startsWith("channelstrip_")
-            ? view->findChild<QWidget*>(name.section('_', 0, 1))
-                  ->template findChild<Widget*>(name.section('_', 2))
-            : view->findChild<Widget*>(name);
+        QWidget* widget = found.value(name);
+        if (widget == nullptr) {
+            widget = name.startsWith("channelstrip_")
+                ? view->findChild<QWidget*>(name.section('_', 0, 1))
+                      ->findChild<QWidget*>(name.section('_', 2))
+                : view->findChild<QWidget*>(name);
+            found.insert(name, widget);
+        }
+        return qobject_cast<Widget*>(widget);
     }
     QAbstractButton* button(const QString& name) const { return at<QAbstractButton>(name); }
     QAbstractSlider* slider(const QString& key) const { return at<QAbstractSlider>(key); }
@@ -240,25 +258,28 @@ public:
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                           list->visualItemRect(list->item(row)).center());
     }
+    // Whatever went before: it is stored once and sent once.
+    void moveOnce()
+    {
+        QSignalSpy stored(view.get(), SIGNAL(signalStoreValue(QString, QVariant, int)));
+        sent();
+        const int moved = shown(ch1) + 7;
+        set(ch1, moved);
+        QCOMPARE(sent(), QString("%1=%2").arg(ch1).arg(moved));
+        QCOMPARE(stored.size(), 1);
+        QCOMPARE(value(ch1), moved);
+    }
     static void type(const QString& keys) { QTest::keyClicks(QApplication::focusWidget(), keys); }
 
-    // A control of a dialog.
-    template <typename Widget = QWidget>
-    Widget* in(const QString& dialog, const QString& name) const
-    {
-        return at(dialog)->template findChild<Widget*>(name);
-    }
     void press(const QString& dialog, const QString& name)
     {
-        QTest::mouseClick(in(dialog, name), Qt::LeftButton);
+        QTest::mouseClick(at(dialog)->findChild<QWidget*>(name), Qt::LeftButton);
     }
     bool isOpen(const QString& dialog) const { return at(dialog)->isVisible(); }
     bool isSheetOpen() const
     {
-        const auto children = view->findChildren<QWidget*>();
-        return std::any_of(children.cbegin(), children.cend(), [](const QWidget* child) {
-            return child->isVisible() && child->styleSheet() == "background: rgba(0,0,0,200);";
-        });
+        const QWidget* fader = at(ch1);
+        return view->childAt(fader->mapTo(view.get(), fader->rect().center())) != fader;
     }
 
 private slots:

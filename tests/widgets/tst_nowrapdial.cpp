@@ -6,18 +6,13 @@
 
 #include <climits>
 
-namespace
-{
-
-constexpr int size = 200;
-
-} // namespace
-
 class TestNoWrapDial : public TestCase
 {
     Q_OBJECT
 
+    static constexpr int size = 200;
     QScopedPointer<NoWrapDial> dial;
+    QPoint at;
 
     void press(QPoint place)
     {
@@ -30,8 +25,6 @@ class TestNoWrapDial : public TestCase
         QTest::mouseMove(dial.get(), at);
     }
     void release() { QTest::mouseRelease(dial.get(), Qt::LeftButton, {}, at); }
-
-    QPoint at;
 
 protected:
     void prepare() override
@@ -101,9 +94,10 @@ private slots:
     {
         using Angles = QList<int>;
         const std::tuple<bool, int, Angles, Angles> rows[]{
-            {false, -100, {}, {130, 190, 270, 410}}, {false, -50, {130, 190}, {90, 205, 270, 410}},
-            {false, 100, {130, 270, 410}, {90}},     {true, -100, {130, 270}, {90, 285, 410}},
-            {true, 0, {271}, {130, 255, 285, 410}},  {true, 50, {271, 340}, {130, 255, 356, 410}},
+            {false, -50, {130, 190}, {90, 205, 270, 410}},
+            {false, 100, {130, 270, 410}, {90}},
+            {true, -100, {130, 270}, {90, 285, 410}},
+            {true, 50, {271, 340}, {130, 255, 356, 410}},
         };
         dial->setRange(-100, 100);
         for (const auto& [centered, value, lit, dark] : rows) {

@@ -81,38 +81,38 @@ class TestReorderableListWidget : public TestCase
     Q_OBJECT
 
 private slots:
-    void drag_data()
-    {
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("onto");
-        QTest::addColumn<double>("downBy");
-        QTest::addColumn<QString>("order"); // without the fixed row
-        QTest::newRow("down, between two") << 1 << 3 << 0.9 << "bcad";
-        QTest::newRow("up, between two") << 4 << 2 << 0.1 << "adbc";
-        // Where a plain list would write one row's text over the other's.
-        QTest::newRow("onto the upper half") << 1 << 3 << 0.4 << "bacd";
-        QTest::newRow("onto the lower half") << 1 << 3 << 0.6 << "bcad";
-        QTest::newRow("to the end") << 2 << 4 << 4.0 << "acdb";
-        QTest::newRow("below the fixed row") << 3 << 0 << 0.8 << "cabd";
-        QTest::newRow("above the fixed row") << 3 << 0 << 0.2 << "abcd";
-        QTest::newRow("the fixed row") << 0 << 3 << 0.9 << "abcd";
-        QTest::newRow("where it stands") << 2 << 1 << 0.9 << "abcd";
-    }
     void drag()
     {
-        QFETCH(int, from);
-        QFETCH(int, onto);
-        QFETCH(double, downBy);
-        PlayedList list;
-        list.setCurrentRow(from);
-        const QListWidgetItem* const item = list.item(from);
-        QSignalSpy current(&list, SIGNAL(currentRowChanged(int)));
-        list.drag(from, list.at(onto, downBy), [] {});
-        QTEST(list.order(), "order");
-        QCOMPARE(list.reorders, list.order() == "abcd" ? 0 : 1);
-        QCOMPARE(list.currentItem(), item);
-        QVERIFY(item->isSelected());
-        QCOMPARE(current.size(), 0); // nothing is recalled on the way
+        const struct {
+            const char* what;
+            int from;
+            int onto;
+            double downBy;
+            QString order; // without the fixed row
+        } rows[]{
+            {"down, between two", 1, 3, 0.9, "bcad"},
+            {"up, between two", 4, 2, 0.1, "adbc"},
+            // Where a plain list would write one row's text over the other's.
+            {"onto the upper half", 1, 3, 0.4, "bacd"},
+            {"onto the lower half", 1, 3, 0.6, "bcad"},
+            {"to the end", 2, 4, 4.0, "acdb"},
+            {"below the fixed row", 3, 0, 0.8, "cabd"},
+            {"above the fixed row", 3, 0, 0.2, "abcd"},
+            {"the fixed row", 0, 3, 0.9, "abcd"},
+            {"where it stands", 2, 1, 0.9, "abcd"},
+        };
+        for (const auto& row : rows) {
+            PlayedList list;
+            list.setCurrentRow(row.from);
+            const QListWidgetItem* const item = list.item(row.from);
+            QSignalSpy current(&list, SIGNAL(currentRowChanged(int)));
+            list.drag(row.from, list.at(row.onto, row.downBy), [] {});
+            QVERIFY2(list.order() == row.order, row.what);
+            QCOMPARE(list.reorders, row.order == "abcd" ? 0 : 1);
+            QCOMPARE(list.currentItem(), item);
+            QVERIFY(item->isSelected());
+            QCOMPARE(current.size(), 0); // nothing is recalled on the way
+        }
     }
 
     // The row that was taken is the one that moves, if it is still there.
