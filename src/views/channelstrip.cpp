@@ -118,6 +118,11 @@ void ChannelStrip::slotReceiveChannelStripParams(QString jsonName, int value)
     const QString name = objectNameIn(jsonName);
     if (name.isEmpty())
         return;
+    if (name == phantom->objectName()) {
+        // Phantom power is a global parameter; its button would tell the mixer.
+        qDebug() << "no parameter of a preset:" << jsonName;
+        return;
+    }
     const SendingCut cut(this);
     forwardToSelection(jsonName, value);
     if (name.contains(QLatin1String("group")))

@@ -134,13 +134,14 @@ void FullPowerView::slotInitializeFullPowerMode()
     presetInterface->slotSetSyncStatus(false);
     emit signalPopulatePresetMenu(form.presetlist);
     setlist->slotRecallSetlist();
-    showLibraryLimits();
+    showAvailability();
     slotSetPreferences();
     if (!isCurrent(entry))
         return;
     if (!demoModeEnabled) {
         slotDisconnectToSysexPresetSending();
         emit signalDisconnectGlobalSysex();
+        phantomWire().disconnect();
         disconnectStoreSending();
     }
     globalPresetInterface->slotRecallGlobal();
@@ -185,6 +186,10 @@ void FullPowerView::layPresetZero(int entry)
 
 void FullPowerView::slotDeInitializeFullPowerMode()
 {
+    // What is typed goes, while the wires are there, to the preset it is meant for, or to nobody.
+    commitEditedBox();
+    for (QWidget* dialog : dialogs())
+        closeDialog(dialog);
     modeActive = false;
     ++modeEntry;
     endMultipleSelection();
@@ -195,8 +200,6 @@ void FullPowerView::slotDeInitializeFullPowerMode()
     slotDisconnectMenuItems();
     disconnect(this, SIGNAL(signalPopulatePresetMenu(ReorderableListWidget*)), presetInterface,
                SLOT(slotPopulatePresetMenu(ReorderableListWidget*)));
-    for (QWidget* dialog : dialogs())
-        closeDialog(dialog);
     restFlows();
     closeProgress();
 }

@@ -195,6 +195,9 @@ private slots:
     // Closes the dialog of the button that was pressed.
     void slotCloseDialog();
     void slotSelectionMoved(int row);
+    // Into the preset that the controls show: presetNum as in the store's slots of like names.
+    void slotStoreShownValue(QString name, QVariant value, int presetNum);
+    void slotCheckShownState(int presetNum);
     void slotReceiveChoice();
 
 private:
@@ -224,6 +227,7 @@ private:
     // The three from the preset store by which a recall sends, and the one by which it shows.
     void connectStoreSending() const;
     void disconnectStoreSending() const;
+    Wire phantomWire();
     void layPresetZero(int entry);
 
     // Faders
@@ -251,6 +255,9 @@ private:
     // Before a whole preset is laid on the controls: linked ones would move each other.
     void endMultipleSelection();
     bool isStereo(int channel) const;
+    // To the mixer, while its panel and the editor follow each other.
+    Wire modeWire();
+    Wire channelSelectWire();
     QList<Wire> selectionWires(const QString& older, const QString& newer) const;
 
     // Presets
@@ -258,7 +265,7 @@ private:
     void selectRow(int row);
     void selectRowWithoutRecall(int row);
     void checkAllSaveStates();
-    void showLibraryLimits();
+    void showAvailability();
     void openDialog(QWidget* dialog, QWidget* focus);
     void closeDialog(QWidget* dialog);
     bool isDialogOpen() const;
@@ -267,6 +274,9 @@ private:
 
     // Flows
     bool isCurrent(int entry) const { return modeActive && entry == modeEntry; }
+    // Whether what is touched reaches the mixer, or the demo: not before its live state is here.
+    bool isLive() const { return demoModeEnabled || syncComplete; }
+    int shownPreset(int presetNum) const { return presetNum == -1 && !isLive() ? 0 : presetNum; }
     // Events inside a recall bring what must wait until it has ended.
     bool isRecalling() const;
     void runLater(const std::function<void()>& action);

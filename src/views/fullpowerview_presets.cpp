@@ -69,7 +69,7 @@ void FullPowerView::slotPopulatePresetMenu()
     presetInterface->slotPopulatePresetMenu(form.presetlist);
     setlist->slotRecallSetlist();
     checkAllSaveStates();
-    showLibraryLimits();
+    showAvailability();
 }
 
 // A rebuilt list shows nothing dirty. Row 0 never is.
@@ -92,17 +92,20 @@ void FullPowerView::slotPopulateSetlistMenusAfterDelete()
     setlist->slotRecallSetlist();
 }
 
-void FullPowerView::showLibraryLimits()
+// What the library has room for, and the mixer is ready for.
+void FullPowerView::showAvailability()
 {
+    const bool hasMixer = syncComplete && !demoModeEnabled;
     const int count = presetInterface->slotGetNumPresetsInJson();
     const bool isFull = presetInterface->isFull();
     const bool hasRoomForAll = count + presetsOfReceiveAll <= PresetInterface::maxPresets;
     const QString limit = QStringLiteral("The library holds %1 presets, and that is its limit.")
                               .arg(PresetInterface::maxPresets);
-    form.saveas->setEnabled(!demoModeEnabled && !isFull);
+    form.saveas->setEnabled(hasMixer && !isFull);
     form.saveas->setToolTip(isFull ? limit
                                    : QStringLiteral("Keep the current state as a new preset."));
-    form.receive_all->setEnabled(!demoModeEnabled && hasRoomForAll);
+    form.send_all->setEnabled(hasMixer);
+    form.receive_all->setEnabled(hasMixer && hasRoomForAll);
     form.receive_all->setToolTip(
         hasRoomForAll ? QStringLiteral("Fetch all slots of the mixer as new presets.")
                       : QStringLiteral("The library has no room for twelve more presets."));
@@ -175,6 +178,18 @@ void FullPowerView::slotDisplaySaveState(int presetNum, bool dirty)
         : QString();
     if (form.save->styleSheet() != style)
         form.save->setStyleSheet(style);
+}
+
+// Until the mixer's live state is here, a row that is picked shows nothing: what arrives and what
+// is touched belong to the live preset.
+void FullPowerView::slotStoreShownValue(QString name, QVariant value, int presetNum)
+{
+    presetInterface->slotStoreValue(name, value, shownPreset(presetNum));
+}
+
+void FullPowerView::slotCheckShownState(int presetNum)
+{
+    presetInterface->slotCheckSaveState(shownPreset(presetNum));
 }
 
 void FullPowerView::slotSelectionMoved(int row)

@@ -120,7 +120,7 @@ void FullPowerView::slotSelectChannelView()
         emit signalSelectChannelView(channel);
         // Not before the sync is complete: linked controls would pass on to each other what
         // arrives.
-        if (isSelectingTogether(channel) && (demoModeEnabled || syncComplete))
+        if (isSelectingTogether(channel) && isLive())
             selectTogether(channel);
         else
             selectAlone(button);
@@ -371,27 +371,40 @@ void FullPowerView::slotChangeTabViewFromSysex(int tabNum)
 {
     QPushButton* const tabs[]{form.surroundTabButton, form.channelStripTabButton,
                               form.reverbTabButton};
-    if (tabNum >= 0 && tabNum < static_cast<int>(std::size(tabs)))
-        tabs[tabNum]->setChecked(true);
+    if (tabNum < 0 || tabNum >= static_cast<int>(std::size(tabs)))
+        return;
+    // With the phones selected, the mixer would be sent back from its faders to the phones.
+    const WireCut cut(tabs[tabNum] == form.channelStripTabButton ? modeWire() : Wire{});
+    tabs[tabNum]->setChecked(true);
+}
+
+Wire FullPowerView::modeWire()
+{
+    return {this, SIGNAL(signalSendTabViewSysex(int)), sysexManager, SLOT(slotSendModeChange(int))};
+}
+
+Wire FullPowerView::channelSelectWire()
+{
+    return {this, SIGNAL(signalSelectChannelView(int)), sysexManager,
+            SLOT(slotSendChannelSelect(int))};
 }
 
 void FullPowerView::slotEnableViewChanging(bool enabled)
 {
     sysexManager->setViewChangingEnabled(enabled);
-    const Wire wires[]{
-        {sysexManager, SIGNAL(signalViewChange(int)), this, SLOT(slotChangeTabViewFromSysex(int))},
-        {sysexManager, SIGNAL(signalChannelSelect(int)), this,
-         SLOT(slotSelectChannelViewFromSysex(int))},
-        {this, SIGNAL(signalSendTabViewSysex(int)), sysexManager, SLOT(slotSendModeChange(int))},
-        {this, SIGNAL(signalSelectChannelView(int)), sysexManager,
-         SLOT(slotSendChannelSelect(int))},
-    };
-    for (const Wire& wire : wires) {
-        if (enabled)
+    const auto set = [](const Wire& wire, bool connected) {
+        if (connected)
             wire.connect();
         else
             wire.disconnect();
-    }
+    };
+    set({sysexManager, SIGNAL(signalViewChange(int)), this, SLOT(slotChangeTabViewFromSysex(int))},
+        enabled);
+    set({sysexManager, SIGNAL(signalChannelSelect(int)), this,
+         SLOT(slotSelectChannelViewFromSysex(int))},
+        enabled);
+    set(modeWire(), enabled && isLive());
+    set(channelSelectWire(), enabled && isLive());
 }
 
 void FullPowerView::slotSetAuxTabLocking(bool locked)
@@ -417,9 +430,7 @@ void FullPowerView::slotSetAuxTabLocking(bool locked)
         // The mixer moves to an input by itself, and is not told.
         const WireCut tabCut(
             {form.channelStripTabButton, SIGNAL(toggled(bool)), this, SLOT(slotChangeTabViews())});
-        const Wire toMixer{this, SIGNAL(signalSelectChannelView(int)), sysexManager,
-                           SLOT(slotSendChannelSelect(int))};
-        toMixer.disconnect();
+        channelSelectWire().disconnect();
         const bool wasOn = form.channelStripTabButton->isChecked();
         {
             const QScopedValueRollback<bool> alone(shiftSelectActive, false);
@@ -428,7 +439,7 @@ void FullPowerView::slotSetAuxTabLocking(bool locked)
         if (!wasOn)
             form.channelStripTabButton->setChecked(false);
         // Also if view linking is off: it has always been so.
-        toMixer.connect();
+        channelSelectWire().connect();
     }
     if (form.reverbTabButton->isChecked())
         form.surroundTabButton->setChecked(true);

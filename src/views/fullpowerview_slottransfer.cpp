@@ -113,16 +113,27 @@ void FullPowerView::slotSyncOnConnectComplete()
         runLater([this] { slotSyncOnConnectComplete(); });
         return;
     }
-    syncComplete = true;
+    const bool isFirst = !std::exchange(syncComplete, true);
     presetInterface->slotSetSyncStatus(true);
     slotConnectToSysexPresetSending();
+    phantomWire().connect();
     emit signalConnectGlobalSysex();
+    if (!isFirst)
+        return;
+    if (isViewLinkingStored())
+        slotEnableViewChanging(true);
+    showAvailability();
+    setlist->slotRecallSetlist();
+    // One that was picked meanwhile is shown and sent now; nothing after it.
+    if (form.presetlist->currentRow() > 0)
+        presetInterface->slotRecallPreset(form.presetlist->currentRow());
 }
 
 void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
 {
     // The rest of a slot that is being received belongs to the preset that is current now.
-    if (isRecalling() || requestedSlot > 0) {
+    const bool isReceiving = requestedSlot > 0 && !progressWidget->isHidden();
+    if (isRecalling() || isReceiving) {
         runLater([this, presetLibraryNumber] { slotRecallPresetSilently(presetLibraryNumber); });
         return;
     }
@@ -192,9 +203,9 @@ void FullPowerView::slotUpdateSendsAndReceives(bool enabled, QChar setlistLetter
     const int slot = slotNumberOf(setlistLetter) - 1;
     if (slot < 0 || slot >= form.sendButtons.size())
         return;
-    form.sendButtons.at(slot)->setEnabled(enabled);
+    form.sendButtons.at(slot)->setEnabled(enabled && isLive());
     // There is no mixer in a demo that could answer.
-    form.receiveButtons.at(slot)->setEnabled(enabled && !demoModeEnabled);
+    form.receiveButtons.at(slot)->setEnabled(enabled && syncComplete);
 }
 
 // Sending
@@ -427,13 +438,12 @@ void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
         return;
     if (save && isAsked)
         presetInterface->slotSavePreset(-1);
-    if (isAsked) {
+    if (isAsked)
         requestedSlot = -1;
-        runWaitingSoon();
-    }
     receivedSlotNumber = slotNum;
     if (!receivingAllPresets)
         closeProgress();
+    runWaitingSoon();
 }
 
 void FullPowerView::slotReceiveAllPresets()

@@ -55,6 +55,12 @@ void FullPowerView::makeInterfaceWires()
     addSelectionWires();
 }
 
+Wire FullPowerView::phantomWire()
+{
+    return {channelStripTab, SIGNAL(signalSendGlobalParameter(QString, int)), sysexManager,
+            SLOT(slotSendGlobalParameters(QString, int))};
+}
+
 void FullPowerView::addPageWires()
 {
     const char* store = SIGNAL(signalStoreValue(QString, QVariant, int));
@@ -72,8 +78,8 @@ void FullPowerView::addPageWires()
     }
     for (QObject* owner : qAsConst(owners)) {
         interfaceWires.append(
-            {owner, store, presetInterface, SLOT(slotStoreValue(QString, QVariant, int))});
-        interfaceWires.append({owner, check, presetInterface, SLOT(slotCheckSaveState(int))});
+            {owner, store, this, SLOT(slotStoreShownValue(QString, QVariant, int))});
+        interfaceWires.append({owner, check, this, SLOT(slotCheckShownState(int))});
         interfaceWires.append(
             {owner, send, sysexManager, SLOT(slotSendPresetParameters(QString, int))});
     }
@@ -96,8 +102,7 @@ void FullPowerView::addPageWires()
          SLOT(slotReceiveMainwindowPresetParams(QString, int))},
         {reverbTabForm, SIGNAL(signal_reverb_level(int)), mains, SLOT(slot_reverb_level(int))},
         {mains, SIGNAL(signal_reverb_level(int)), reverbTabForm, SLOT(slot_reverb_level(int))},
-        {channelStripTab, SIGNAL(signalSendGlobalParameter(QString, int)), sysexManager,
-         SLOT(slotSendGlobalParameters(QString, int))},
+        phantomWire(),
         {channelStripTab, SIGNAL(signalSetPhantom(int, int)), this, SLOT(slotSetPhantom(int, int))},
     };
 }

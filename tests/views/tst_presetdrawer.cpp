@@ -13,6 +13,7 @@ private slots:
             {"rename", "rename"},
             {"receiveA", "receivePreset"},
             {"receiveB", "receiveAs"}, // [DEFAULT]
+            {"receiveC", "receiveAs"}, // a name that no preset has
             {"receive_all", "receiveAll"},
             {"deletepreset", "delete"},
             {"liveMemoryHelpButton", "connectionSync"},

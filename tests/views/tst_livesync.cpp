@@ -1,0 +1,120 @@
+#include "viewfixture.h"
+
+// Between the mode's entry and the end of the mixer's live state, and what the mixer changes by
+// itself.
+class TestLiveSync : public TestCase
+{
+    Q_OBJECT
+
+    const QVariantMap linked{{"view_linking_enable", true}};
+
+private slots:
+    void aRowPickedTooEarlyKeepsItsPreset()
+    {
+        Desk desk;
+        desk.plug();
+        desk.versionReply();
+        desk.sent();
+        desk.clickRow(2);
+        desk.hear(gain, 9999);
+        desk.set(ch1, 4321);
+        QCOMPARE(desk.preset(2), smallPreset("Two", 2));
+        QCOMPARE(desk.value(gain, 0), 9999);
+        QCOMPARE(desk.value(ch1, 0), 4321);
+        QCOMPARE(desk.rows(), fewNames);
+        QCOMPARE(desk.sent(), QString());
+
+        // It is recalled as soon as it can be, and once.
+        desk.endMarker();
+        QCOMPARE(desk.sent(), recallOf(2));
+        QCOMPARE(desk.shown(gain), desk.value(gain, 2));
+        desk.endMarker();
+        QCOMPARE(desk.sent(), QString());
+        desk.moveOnce();
+        QCOMPARE(desk.value(gain, 0), 9999);
+    }
+
+    void nothingTouchedTooEarlyIsSent()
+    {
+        Desk desk(libraryOf(fewNames), linked);
+        desk.plug();
+        desk.versionReply();
+        desk.sent();
+        const QString phantom = "channelstrip_ch1_phantom";
+        const auto touchAll = [&] {
+            desk.click("faderframe_ch3_select");
+            desk.click("reverbTabButton");
+            desk.click("faderframe_ch1_mute");
+            desk.set(phantom, !desk.shown(phantom));
+        };
+        touchAll();
+        for (const char* name : {"sendA", "receiveA", "send_all", "receive_all", "saveas"})
+            QVERIFY2(!desk.button(name)->isEnabled(), name);
+        QCOMPARE(desk.sent(), QString());
+
+        desk.endMarker();
+        for (const char* name : {"sendA", "receiveA", "send_all", "receive_all", "saveas"})
+            QVERIFY2(desk.button(name)->isEnabled(), name);
+        desk.click("channelStripTabButton");
+        desk.click("faderframe_ch2_select");
+        desk.sent();
+        touchAll();
+        QCOMPARE(desk.sent(),
+                 "06000000000003 05000000000005 05000000000000 "
+                 "faderframe_ch1_mute=0 030601003e0000");
+    }
+
+    // An echo could switch power.
+    void phantomPowerIsNoParameterOfAPreset()
+    {
+        Desk desk;
+        desk.start();
+        desk.hear("channelstrip_ch1_phantom", 1);
+        QVERIFY(!desk.shown("channelstrip_ch1_phantom"));
+        QCOMPARE(desk.sent(), QString());
+    }
+
+    void theFadersOfTheMixerStayShownThere()
+    {
+        Desk desk(libraryOf(fewNames), linked);
+        desk.start();
+        desk.click("faderframe_phones_select");
+        desk.click("reverbTabButton");
+        desk.sent();
+        desk.hear("0500");
+        QVERIFY(desk.button("channelStripTabButton")->isChecked());
+        QCOMPARE(desk.sent(), QString());
+        desk.click("reverbTabButton");
+        desk.click("channelStripTabButton");
+        QCOMPARE(desk.sent(), "05000000000005 0500000000000d");
+    }
+
+    void aChangeOfPresetWaitsForTheSlotThatArrives_data()
+    {
+        QTest::addColumn<int>("endsWith");
+        QTest::newRow("its end") << 1;
+        QTest::newRow("another slot's end") << 2;
+    }
+    void aChangeOfPresetWaitsForTheSlotThatArrives()
+    {
+        QFETCH(int, endsWith);
+        Desk desk;
+        desk.start();
+        desk.clickRow(2);
+        desk.click("receiveA");
+        desk.press("receivePresetDialogForm", "receive");
+        desk.hear(gain, 8001);
+        desk.changePreset();
+        desk.hear(ch1, 4001);
+        QCOMPARE(desk.list->currentRow(), 1);
+        desk.slotEndMarker(endsWith);
+        QTRY_COMPARE(desk.list->currentRow(), 0);
+        QCOMPARE(desk.value(gain, 1), 8001);
+        QCOMPARE(desk.value(ch1, 1), 4001);
+        QVERIFY(!desk.isOpen("progressDialogForm"));
+        desk.moveOnce();
+    }
+};
+
+QTEST_MAIN(TestLiveSync)
+#include "tst_livesync.moc"
