@@ -1,4 +1,5 @@
 #include "fullpowerview.h"
+#include "presetfiles.h"
 #include "presetinterface.h"
 #include "reorderablelistwidget.h"
 #include "simulatorprocess.h"
@@ -20,15 +21,12 @@
 
 #include <filesystem>
 
-#define SAME(one, other) QCOMPARE(differences(one, other), QString())
-
 // Presets to and from the mixer's slots, over the system's MIDI: the real window against the
 // simulator, both for a whole process, in which one test begins where the last one ended.
 class TestSlots : public TestCase
 {
     Q_OBJECT
 
-    using Values = QMap<QString, int>;
     // Where a flow is met: at parameters from the mixer, at those that a preset sends, at the
     // beginning of a recall's or of a mode entry's events.
     enum Moment { Received, Sent, Recalled, Entered };
@@ -43,52 +41,7 @@ class TestSlots : public TestCase
     std::function<void()> action;
 
     const QString presetSent = QStringLiteral("^from host .* preset ");
-    static constexpr int presetSize = 329;
     static constexpr int patienceMs = SimulatorProcess::patienceMs;
-
-    // The files
-
-    static QVariantMap document(const QString& name)
-    {
-        QFile file("resources/presets/" + name);
-        return file.open(QIODevice::ReadOnly)
-            ? QJsonDocument::fromJson(file.readAll()).toVariant().toMap()
-            : QVariantMap();
-    }
-    static void write(const QString& name, const QByteArray& text)
-    {
-        QFile file("resources/presets/" + name);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
-    }
-    static Values valuesOf(const QVariantMap& preset)
-    {
-        Values values;
-        for (auto entry = preset.begin(); entry != preset.end(); ++entry)
-            if (entry.key() != "preset_name")
-                values[entry.key()] = entry->toInt();
-        return values;
-    }
-    static Values saved(const QString& preset)
-    {
-        for (const QVariant& entry : document("jsum.json"))
-            if (entry.toMap()["preset_name"].toString() == preset)
-                return valuesOf(entry.toMap());
-        return {};
-    }
-    static QString inSlot(QChar letter) { return document("setlist.json")[letter].toString(); }
-    // Empty where both are whole presets and the same.
-    static QString differences(const Values& one, const Values& other)
-    {
-        QStringList keys;
-        if (one.size() != presetSize || other.size() != presetSize)
-            keys.append(QString("%1 and %2 values").arg(one.size()).arg(other.size()));
-        for (auto entry = one.begin(); entry != one.end(); ++entry) {
-            const int value = other.value(entry.key(), -1);
-            if (value != *entry)
-                keys.append(QString("%1: %2 and %3").arg(entry.key()).arg(*entry).arg(value));
-        }
-        return keys.join(", ");
-    }
 
     // The mixer
 
