@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "channelnames.h"
+
+#include <QList>
 #include <QStringList>
 
 // The select buttons of the channels that are selected together, in the order of selection. There
@@ -8,19 +10,13 @@
 class ChannelSelection
 {
 public:
-    // Input channels, from 1.
-    static QString selectName(int channel)
-    {
-        return QStringLiteral("faderframe_ch%1_select").arg(channel);
-    }
-
     const QStringList& names() const { return selected; }
     void set(const QStringList& names) { selected = names; }
 
-    bool holds(int channel) const { return selected.contains(selectName(channel)); }
+    bool holds(int channel) const { return selected.contains(channels::selectName(channel)); }
     bool endsWith(int channel) const
     {
-        return !selected.isEmpty() && selected.last() == selectName(channel);
+        return !selected.isEmpty() && selected.last() == channels::selectName(channel);
     }
     // The input channels selected after this one, in their order; none if it isn't selected.
     QList<int> channelsAfter(int channel) const;

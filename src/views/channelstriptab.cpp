@@ -11,7 +11,6 @@
 namespace
 {
 
-constexpr int channels = 8;
 constexpr int auxBuses = 3;
 constexpr int channelsWithoutPad = 2;
 
@@ -35,7 +34,7 @@ ChannelStripTab::ChannelStripTab(QWidget* parent)
     const QList<double> withPad = read("trimTableWithPad.txt");
     const QList<double> noPad = read("trimTableNoPad.txt");
 
-    for (int index = 0; index < channels; ++index) {
+    for (int index = 0; index < channels::lastInput; ++index) {
         tables.trim = index < channelsWithoutPad ? noPad : withPad;
         QWidget* page = addPage(QStringLiteral("channelstrip_ch%1").arg(index + 1));
         strips.append(new ChannelStrip(page, index, selected, tables));

@@ -15,14 +15,10 @@
 #include "sysexmanager.h"
 #include "tablefilereader.h"
 
-#include <QAbstractButton>
 #include <QDebug>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QToolButton>
-
-#include <utility>
 
 namespace
 {
@@ -102,7 +98,7 @@ void FullPowerView::setupFaderFrame()
             selectButtons.append(select);
         }
     }
-    const QString first = ChannelSelection::selectName(1);
+    const QString first = channels::selectName(1);
     selectButton(first)->setChecked(true);
     setSelectedChannels({first});
 }
@@ -158,30 +154,6 @@ void FullPowerView::slotInitializeFullPowerMode()
         sysexManager->slotSendSinglePresetRequest(0, false);
     }
     emit signalFindAudioDeviceNames();
-}
-
-// Before the sync is complete a selection shows nothing, yet what the mixer then sends must move
-// controls that hold the preset's values, or nothing would be stored where they agree by chance.
-void FullPowerView::layPresetZero(int entry)
-{
-    const bool wasEntering = std::exchange(entering, true);
-    const QVariantMap preset = presetInterface->workingPreset(0);
-    if (preset.isEmpty()) {
-        slotConnectElements();
-        for (ParameterPage* page : parameterPages())
-            page->slotConnectElements();
-    } else {
-        slotRecallPresets(preset);
-        // Each recall lets events pass, which may end this entry.
-        for (ParameterPage* page : parameterPages()) {
-            if (!isCurrent(entry))
-                break;
-            page->slotRecallPreset(preset);
-        }
-    }
-    entering = wasEntering && isCurrent(entry);
-    if (isCurrent(entry))
-        runWaiting();
 }
 
 void FullPowerView::slotDeInitializeFullPowerMode()

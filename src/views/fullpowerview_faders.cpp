@@ -1,6 +1,5 @@
 // The fader frame: its store and send wires, the numbers beside the faders, solo and mute.
 
-#include "channelstriptab.h"
 #include "cuttoint.h"
 #include "fullpowerview.h"
 #include "parameterpage.h"

@@ -6,17 +6,13 @@
 #include "setlist.h"
 
 #include <QAbstractSpinBox>
-#include <QAction>
 #include <QApplication>
 #include <QDebug>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 #include <QToolButton>
-
-#include <algorithm>
 
 namespace
 {
@@ -220,49 +216,6 @@ void FullPowerView::slotHideLiveMemoryHelpIcon(bool hide)
 }
 
 // Dialogs
-
-void FullPowerView::openDialog(QWidget* dialog, QWidget* focus)
-{
-    disableWidget->raise();
-    disableWidget->show();
-    dialog->raise();
-    dialog->show();
-    focus->setFocus();
-}
-
-void FullPowerView::closeDialog(QWidget* dialog)
-{
-    dialog->close();
-    const auto edits = dialog->findChildren<QLineEdit*>();
-    for (QLineEdit* edit : edits)
-        edit->clear();
-    slotHideDisableWidget();
-}
-
-void FullPowerView::slotCloseDialog()
-{
-    if (sender() == nullptr)
-        return;
-    if (auto* dialog = qobject_cast<QWidget*>(sender()->parent()); dialog != nullptr)
-        closeDialog(dialog);
-}
-
-bool FullPowerView::isDialogOpen() const
-{
-    const QList<QWidget*> all = dialogs();
-    return std::any_of(all.cbegin(), all.cend(),
-                       [](const QWidget* dialog) { return !dialog->isHidden(); });
-}
-
-void FullPowerView::slotHideDisableWidget()
-{
-    if (isDialogOpen()) {
-        disableWidget->show();
-        disableWidget->raise();
-    } else {
-        disableWidget->close();
-    }
-}
 
 void FullPowerView::slotOpenSaveAs() { openDialog(saveAsDialog, saveAsForm.name); }
 

@@ -1,4 +1,4 @@
-// Which channels are selected, which page is shown, and the links between selected channels.
+// Which channels are selected, and the links between selected channels.
 
 #include "channelstrip.h"
 #include "channelstriptab.h"
@@ -7,70 +7,13 @@
 #include "nowrapdial.h"
 #include "portableslider.h"
 #include "reverbtabform.h"
-#include "sysexmanager.h"
 
 #include <QDebug>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QStackedWidget>
 #include <QToolButton>
 
 #include <algorithm>
-
-namespace
-{
-
-constexpr int lastInput = 8;
-constexpr int mains = 9;
-constexpr int firstAux = 10;
-constexpr int lastAux = 12;
-constexpr int phones = 13;
-constexpr int surroundMode = 6;
-constexpr int phonesMode = 13;
-constexpr int reverbMode = 5;
-
-// Where the digit of an input stands in its select button's name.
-constexpr int digitPlace = 13;
-
-const QString phonesSelectName = QStringLiteral("faderframe_phones_select");
-const QString mainsSelectName = QStringLiteral("faderframe_mains_select");
-
-QString auxSelectName(int aux) { return QStringLiteral("faderframe_aux%1_select").arg(aux); }
-
-int channelOf(const QString& selectName)
-{
-    QString word = selectName;
-    word.remove(QLatin1String("faderframe_")).remove(QLatin1String("_select"));
-    if (word.startsWith(QLatin1String("aux")))
-        return word.sliced(3).toInt() + mains;
-    if (word == QLatin1String("phones"))
-        return phones;
-    if (word == QLatin1String("mains"))
-        return mains;
-    return word.remove(QLatin1String("ch")).toInt();
-}
-
-QString selectNameOf(int channel)
-{
-    if (channel >= 1 && channel <= lastInput)
-        return ChannelSelection::selectName(channel);
-    if (channel == mains)
-        return mainsSelectName;
-    if (channel >= firstAux && channel <= lastAux)
-        return auxSelectName(channel - mains);
-    return phonesSelectName;
-}
-
-// 0 if the name is not an input's.
-int inputOf(const QString& selectName)
-{
-    const int digit = selectName.size() > digitPlace ? selectName.at(digitPlace).digitValue() : 0;
-    return digit >= 1 && digit <= lastInput && selectName == ChannelSelection::selectName(digit)
-        ? digit
-        : 0;
-}
-
-} // namespace
 
 const QStringList& FullPowerView::selectedChannels() const
 {
@@ -93,7 +36,7 @@ QPushButton* FullPowerView::selectButton(const QString& name) const
 bool FullPowerView::isOutputSelected() const
 {
     return std::any_of(selectedChannels().cbegin(), selectedChannels().cend(),
-                       [](const QString& name) { return inputOf(name) == 0; });
+                       [](const QString& name) { return channels::inputOf(name) == 0; });
 }
 
 bool FullPowerView::isStereo(int channel) const
@@ -106,7 +49,7 @@ bool FullPowerView::isStereo(int channel) const
 
 bool FullPowerView::isSelectingTogether(int channel) const
 {
-    return shiftSelectActive && channel <= lastInput && !isOutputSelected();
+    return shiftSelectActive && channel <= channels::lastInput && !isOutputSelected();
 }
 
 void FullPowerView::slotSelectChannelView()
@@ -114,7 +57,7 @@ void FullPowerView::slotSelectChannelView()
     auto* button = qobject_cast<QPushButton*>(sender());
     if (button == nullptr)
         return;
-    const int channel = channelOf(button->objectName());
+    const int channel = channels::numberOf(button->objectName());
     if (button->isChecked()) {
         form.channelStripTabButton->setChecked(true);
         emit signalSelectChannelView(channel);
@@ -155,7 +98,7 @@ void FullPowerView::selectTogether(int channel)
 {
     if (isStereo(channel)) {
         const int partner = channelStripTab->channelStrips().at(channel - 1)->partnerNumber();
-        const QString name = ChannelSelection::selectName(partner);
+        const QString name = channels::selectName(partner);
         if (selectedChannels().contains(name))
             return;
         QPushButton* partnerButton = selectButton(name);
@@ -174,7 +117,7 @@ void FullPowerView::deselect(QPushButton* button, int channel)
     }
     // Of a pair one stands in the selection and the other's button is lit with it.
     const int partner = channelStripTab->channelStrips().at(channel - 1)->partnerNumber();
-    QPushButton* partnerButton = selectButton(ChannelSelection::selectName(partner));
+    QPushButton* partnerButton = selectButton(channels::selectName(partner));
     if (selectedChannels().contains(button->objectName())) {
         uncheckQuietly(partnerButton);
         slotShiftDeSelect(channel);
@@ -185,11 +128,11 @@ void FullPowerView::deselect(QPushButton* button, int channel)
 
 void FullPowerView::slotShiftSelect(int selectedChannel)
 {
-    if (selectedChannel < 1 || selectedChannel > lastInput) {
+    if (!channels::isInput(selectedChannel)) {
         qDebug() << "shouldn't be able to shift click an output track";
         return;
     }
-    const QString name = ChannelSelection::selectName(selectedChannel);
+    const QString name = channels::selectName(selectedChannel);
     QStringList selected = selectedChannels();
     if (!selected.isEmpty() && selected.last() != name)
         slotConnectSelected(selected.last(), name);
@@ -199,18 +142,18 @@ void FullPowerView::slotShiftSelect(int selectedChannel)
 
 void FullPowerView::showChannelOf(const QString& selectName)
 {
-    const int channel = channelOf(selectName);
+    const int channel = channels::numberOf(selectName);
     channelStripTab->slotSelectChannelStrip(channel);
     copyPasteHandler->slotSetCurrentChannel(channel);
 }
 
 void FullPowerView::slotShiftDeSelect(int deselectedChannel)
 {
-    if (deselectedChannel < 1 || deselectedChannel > lastInput) {
+    if (!channels::isInput(deselectedChannel)) {
         qDebug() << "shouldn't be able to shift deselect an output track";
         return;
     }
-    const QString name = ChannelSelection::selectName(deselectedChannel);
+    const QString name = channels::selectName(deselectedChannel);
     QStringList selected = selectedChannels();
     const auto place = selected.indexOf(name);
     if (place < 0) {
@@ -261,8 +204,8 @@ void FullPowerView::slotDeselectMultiple()
 
 QList<Wire> FullPowerView::selectionWires(const QString& older, const QString& newer) const
 {
-    const int olderChannel = inputOf(older);
-    const int newerChannel = inputOf(newer);
+    const int olderChannel = channels::inputOf(older);
+    const int newerChannel = channels::inputOf(newer);
     if (olderChannel == 0 || newerChannel == 0 || olderChannel == newerChannel)
         return {};
     QList<Wire> wires;
@@ -316,8 +259,8 @@ void FullPowerView::slotDisconnectSelected(QString lastSelectedButton, QString n
 
 void FullPowerView::slotSelectChannelViewFromSysex(int selectedChannel)
 {
-    QPushButton* target = selectButton(selectNameOf(selectedChannel));
-    const bool isPhones = target->objectName() == phonesSelectName;
+    QPushButton* target = selectButton(channels::selectName(selectedChannel));
+    const bool isPhones = target->objectName() == channels::selectName(channels::phones);
     const bool wasLinked = isPhones && isViewLinkingStored();
     if (wasLinked)
         slotEnableViewChanging(false);
@@ -334,113 +277,4 @@ void FullPowerView::slotSelectChannelViewFromSysex(int selectedChannel)
     }
     if (wasLinked)
         slotEnableViewChanging(true);
-}
-
-// Pages
-
-void FullPowerView::slotChangeTabViews()
-{
-    auto* tab = qobject_cast<QPushButton*>(sender());
-    if (tab == nullptr)
-        return;
-    if (!tab->isChecked()) {
-        // The one that is on stays on.
-        tab->setChecked(true);
-        return;
-    }
-    QPushButton* const tabs[]{form.surroundTabButton, form.channelStripTabButton,
-                              form.reverbTabButton, form.midiTabButton, form.usbTabButton};
-    const auto page =
-        std::distance(std::begin(tabs), std::find(std::begin(tabs), std::end(tabs), tab));
-    form.mainTabWidget->setCurrentIndex(static_cast<int>(page));
-    if (tab == form.surroundTabButton && auxTabsLocked)
-        emit signalSendTabViewSysex(surroundMode);
-    else if (tab == form.channelStripTabButton && selectButton(phonesSelectName)->isChecked())
-        emit signalSendTabViewSysex(phonesMode);
-    else if (tab == form.reverbTabButton)
-        emit signalSendTabViewSysex(reverbMode);
-    for (QPushButton* other : tabs) {
-        if (other == tab)
-            continue;
-        const WireCut cut({other, SIGNAL(toggled(bool)), this, SLOT(slotChangeTabViews())});
-        other->setChecked(false);
-    }
-}
-
-void FullPowerView::slotChangeTabViewFromSysex(int tabNum)
-{
-    QPushButton* const tabs[]{form.surroundTabButton, form.channelStripTabButton,
-                              form.reverbTabButton};
-    if (tabNum < 0 || tabNum >= static_cast<int>(std::size(tabs)))
-        return;
-    // With the phones selected, the mixer would be sent back from its faders to the phones.
-    const WireCut cut(tabs[tabNum] == form.channelStripTabButton ? modeWire() : Wire{});
-    tabs[tabNum]->setChecked(true);
-}
-
-Wire FullPowerView::modeWire()
-{
-    return {this, SIGNAL(signalSendTabViewSysex(int)), sysexManager, SLOT(slotSendModeChange(int))};
-}
-
-Wire FullPowerView::channelSelectWire()
-{
-    return {this, SIGNAL(signalSelectChannelView(int)), sysexManager,
-            SLOT(slotSendChannelSelect(int))};
-}
-
-void FullPowerView::slotEnableViewChanging(bool enabled)
-{
-    sysexManager->setViewChangingEnabled(enabled);
-    const auto set = [](const Wire& wire, bool connected) {
-        if (connected)
-            wire.connect();
-        else
-            wire.disconnect();
-    };
-    set({sysexManager, SIGNAL(signalViewChange(int)), this, SLOT(slotChangeTabViewFromSysex(int))},
-        enabled);
-    set({sysexManager, SIGNAL(signalChannelSelect(int)), this,
-         SLOT(slotSelectChannelViewFromSysex(int))},
-        enabled);
-    set(modeWire(), enabled && isLive());
-    set(channelSelectWire(), enabled && isLive());
-}
-
-void FullPowerView::slotSetAuxTabLocking(bool locked)
-{
-    auxTabsLocked = locked;
-    QStringList names{mainsSelectName};
-    for (int aux = 1; aux <= lastAux - mains; ++aux) {
-        for (const char* kind : {"mute", "fader", "fader_level", "select"})
-            names.append(QStringLiteral("faderframe_aux%1_%2").arg(aux).arg(QLatin1String(kind)));
-    }
-    bool wasSelected = false;
-    for (const QString& name : qAsConst(names)) {
-        auto* control = form.faderGroupBox->findChild<QWidget*>(name);
-        control->setEnabled(!locked);
-        const auto* select = qobject_cast<QPushButton*>(control);
-        wasSelected = wasSelected || (select != nullptr && select->isChecked());
-    }
-    form.reverbTabButton->setEnabled(!locked);
-    if (!locked)
-        return;
-
-    if (wasSelected) {
-        // The mixer moves to an input by itself, and is not told.
-        const WireCut tabCut(
-            {form.channelStripTabButton, SIGNAL(toggled(bool)), this, SLOT(slotChangeTabViews())});
-        channelSelectWire().disconnect();
-        const bool wasOn = form.channelStripTabButton->isChecked();
-        {
-            const QScopedValueRollback<bool> alone(shiftSelectActive, false);
-            selectButton(ChannelSelection::selectName(1))->setChecked(true);
-        }
-        if (!wasOn)
-            form.channelStripTabButton->setChecked(false);
-        // Also if view linking is off: it has always been so.
-        channelSelectWire().connect();
-    }
-    if (form.reverbTabButton->isChecked())
-        form.surroundTabButton->setChecked(true);
 }

@@ -1,29 +1,22 @@
-// Presets to and from the mixer's slots, and its live state at a mode entry. These flows wait for
-// the mixer while events pass: anything may happen meanwhile, down to the end of the mode that they
-// began in. One whose mode is over touches nothing any more.
+// Presets to and from the mixer's slots. These flows wait for the mixer while events pass: anything
+// may happen meanwhile, down to the end of the mode that they began in. One whose mode is over
+// touches nothing any more.
 
-#include "copypastehandler.h"
-#include "fullpowerview.h"
+#include "fullpowerview_flow.h"
 #include "presetinterface.h"
-#include "presetnames.h"
 #include "setlist.h"
 #include "sysexmanager.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QDebug>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
 #include <QTimer>
 #include <QToolButton>
-
-#include <utility>
 
 namespace
 {
@@ -38,131 +31,6 @@ QChar letterOf(int slot) { return QChar(u'A' + slot); }
 int slotNumberOf(QChar letter) { return letter.unicode() - u'A' + 1; }
 
 } // namespace
-
-// Belongs to the mode entry that it began in.
-class FullPowerView::Flow
-{
-public:
-    explicit Flow(FullPowerView* owner)
-        : view(owner)
-        , entry(owner->modeEntry)
-    {
-    }
-
-    bool isAlive() const { return !view.isNull() && view->isCurrent(entry); }
-
-    // Lets events pass until done; false if the flow's time is over first.
-    template <typename Condition> bool waitUntil(Condition done) const
-    {
-        while (isAlive() && !done())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        return isAlive();
-    }
-    bool letEventsPass() const
-    {
-        QCoreApplication::processEvents();
-        return isAlive();
-    }
-
-private:
-    const QPointer<FullPowerView> view;
-    const int entry;
-};
-
-// What events bring during a recall
-
-bool FullPowerView::isRecalling() const { return entering || presetInterface->isRecalling(); }
-
-void FullPowerView::runLater(const std::function<void()>& action) { waitingActions.append(action); }
-
-void FullPowerView::runWaiting()
-{
-    if (!modeActive || isRecalling())
-        return;
-    const int entry = modeEntry;
-    // Those that must wait on line up again.
-    const auto actions = std::exchange(waitingActions, {});
-    for (const std::function<void()>& action : actions)
-        if (isCurrent(entry))
-            action();
-}
-
-void FullPowerView::runWaitingSoon()
-{
-    if (!waitingActions.isEmpty())
-        QMetaObject::invokeMethod(this, &FullPowerView::runWaiting, Qt::QueuedConnection);
-}
-
-void FullPowerView::slotDoneWaitingForReconnectOnSilentRecall()
-{
-    waitingForSilentRecall = false;
-    runWaitingSoon();
-}
-
-void FullPowerView::slotPresetIsReadyToReceive() { presetReadyToReceive = true; }
-
-// The sync with the mixer's live state
-
-void FullPowerView::slotSyncOnConnectComplete()
-{
-    if (!liveMemoryAsked) {
-        qDebug() << "the end of a live memory that was not asked for";
-        return;
-    }
-    if (isRecalling()) {
-        runLater([this] { slotSyncOnConnectComplete(); });
-        return;
-    }
-    const bool isFirst = !std::exchange(syncComplete, true);
-    presetInterface->slotSetSyncStatus(true);
-    slotConnectToSysexPresetSending();
-    phantomWire().connect();
-    emit signalConnectGlobalSysex();
-    if (!isFirst)
-        return;
-    if (isViewLinkingStored())
-        slotEnableViewChanging(true);
-    showAvailability();
-    setlist->slotRecallSetlist();
-    // One that was picked meanwhile is shown and sent now; nothing after it.
-    if (form.presetlist->currentRow() > 0)
-        presetInterface->slotRecallPreset(form.presetlist->currentRow());
-}
-
-void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
-{
-    // The rest of a slot that is being received belongs to the preset that is current now.
-    const bool isReceiving = requestedSlot > 0 && !progressWidget->isHidden();
-    if (isRecalling() || isReceiving) {
-        runLater([this, presetLibraryNumber] { slotRecallPresetSilently(presetLibraryNumber); });
-        return;
-    }
-    if (form.presetlist->currentRow() == presetLibraryNumber)
-        return;
-    if (presetLibraryNumber < 0 || presetLibraryNumber >= form.presetlist->count()) {
-        qDebug() << "there is no preset" << presetLibraryNumber;
-        return;
-    }
-    qDebug() << "Recall Preset Silently on preset change action from the board"
-             << presetLibraryNumber;
-    endMultipleSelection();
-    const Flow flow(this);
-    // Not so before the sync is complete.
-    const bool wasSending = presetSendWireConnected;
-    slotDisconnectToSysexPresetSending();
-    disconnectStoreSending();
-    for (const Wire& wire : qAsConst(recallWires))
-        wire.disconnect();
-    waitingForSilentRecall = true;
-    selectRow(presetLibraryNumber);
-    if (!flow.waitUntil([this] { return !waitingForSilentRecall; }))
-        return;
-    if (wasSending)
-        slotConnectToSysexPresetSending();
-    for (const Wire& wire : qAsConst(recallWires))
-        wire.connect();
-    connectStoreSending();
-}
 
 // Progress
 

@@ -166,7 +166,7 @@ private slots:
             prepare();
             QStringList names;
             for (const int channel : selected)
-                names.append(ChannelSelection::selectName(channel));
+                names.append(channels::selectName(channel));
             tab->selection().set(names);
             const int channel = moved.first();
             for (const QString change : {"eq_hi_gain=10500", "aux1_routing_pre_post=1"}) {

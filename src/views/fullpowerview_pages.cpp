@@ -1,0 +1,127 @@
+// Which page is shown, and whether the mixer's panel shows the same one.
+
+#include "fullpowerview.h"
+#include "sysexmanager.h"
+
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QStackedWidget>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int reverbMode = 5;
+constexpr int surroundMode = 6;
+constexpr int phonesMode = 13;
+
+} // namespace
+
+void FullPowerView::slotChangeTabViews()
+{
+    auto* tab = qobject_cast<QPushButton*>(sender());
+    if (tab == nullptr)
+        return;
+    if (!tab->isChecked()) {
+        // The one that is on stays on.
+        tab->setChecked(true);
+        return;
+    }
+    QPushButton* const tabs[]{form.surroundTabButton, form.channelStripTabButton,
+                              form.reverbTabButton, form.midiTabButton, form.usbTabButton};
+    const auto page =
+        std::distance(std::begin(tabs), std::find(std::begin(tabs), std::end(tabs), tab));
+    form.mainTabWidget->setCurrentIndex(static_cast<int>(page));
+    if (tab == form.surroundTabButton && auxTabsLocked)
+        emit signalSendTabViewSysex(surroundMode);
+    else if (tab == form.channelStripTabButton
+             && selectButton(channels::selectName(channels::phones))->isChecked())
+        emit signalSendTabViewSysex(phonesMode);
+    else if (tab == form.reverbTabButton)
+        emit signalSendTabViewSysex(reverbMode);
+    for (QPushButton* other : tabs) {
+        if (other == tab)
+            continue;
+        const WireCut cut({other, SIGNAL(toggled(bool)), this, SLOT(slotChangeTabViews())});
+        other->setChecked(false);
+    }
+}
+
+void FullPowerView::slotChangeTabViewFromSysex(int tabNum)
+{
+    QPushButton* const tabs[]{form.surroundTabButton, form.channelStripTabButton,
+                              form.reverbTabButton};
+    if (tabNum < 0 || tabNum >= static_cast<int>(std::size(tabs)))
+        return;
+    // With the phones selected, the mixer would be sent back from its faders to the phones.
+    const WireCut cut(tabs[tabNum] == form.channelStripTabButton ? modeWire() : Wire{});
+    tabs[tabNum]->setChecked(true);
+}
+
+Wire FullPowerView::modeWire()
+{
+    return {this, SIGNAL(signalSendTabViewSysex(int)), sysexManager, SLOT(slotSendModeChange(int))};
+}
+
+Wire FullPowerView::channelSelectWire()
+{
+    return {this, SIGNAL(signalSelectChannelView(int)), sysexManager,
+            SLOT(slotSendChannelSelect(int))};
+}
+
+void FullPowerView::slotEnableViewChanging(bool enabled)
+{
+    sysexManager->setViewChangingEnabled(enabled);
+    const auto set = [](const Wire& wire, bool connected) {
+        if (connected)
+            wire.connect();
+        else
+            wire.disconnect();
+    };
+    set({sysexManager, SIGNAL(signalViewChange(int)), this, SLOT(slotChangeTabViewFromSysex(int))},
+        enabled);
+    set({sysexManager, SIGNAL(signalChannelSelect(int)), this,
+         SLOT(slotSelectChannelViewFromSysex(int))},
+        enabled);
+    set(modeWire(), enabled && isLive());
+    set(channelSelectWire(), enabled && isLive());
+}
+
+void FullPowerView::slotSetAuxTabLocking(bool locked)
+{
+    auxTabsLocked = locked;
+    QStringList names{channels::selectName(channels::mains)};
+    for (int aux = 1; aux <= channels::lastAux - channels::mains; ++aux) {
+        for (const char* kind : {"mute", "fader", "fader_level", "select"})
+            names.append(QStringLiteral("faderframe_aux%1_%2").arg(aux).arg(QLatin1String(kind)));
+    }
+    bool wasSelected = false;
+    for (const QString& name : qAsConst(names)) {
+        auto* control = form.faderGroupBox->findChild<QWidget*>(name);
+        control->setEnabled(!locked);
+        const auto* select = qobject_cast<QPushButton*>(control);
+        wasSelected = wasSelected || (select != nullptr && select->isChecked());
+    }
+    form.reverbTabButton->setEnabled(!locked);
+    if (!locked)
+        return;
+
+    if (wasSelected) {
+        // The mixer moves to an input by itself, and is not told.
+        const WireCut tabCut(
+            {form.channelStripTabButton, SIGNAL(toggled(bool)), this, SLOT(slotChangeTabViews())});
+        channelSelectWire().disconnect();
+        const bool wasOn = form.channelStripTabButton->isChecked();
+        {
+            const QScopedValueRollback<bool> alone(shiftSelectActive, false);
+            selectButton(channels::selectName(1))->setChecked(true);
+        }
+        if (!wasOn)
+            form.channelStripTabButton->setChecked(false);
+        // Also if view linking is off: it has always been so.
+        channelSelectWire().connect();
+    }
+    if (form.reverbTabButton->isChecked())
+        form.surroundTabButton->setChecked(true);
+}
