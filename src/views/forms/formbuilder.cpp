@@ -24,6 +24,18 @@ constexpr int lampWidth = 24;
 constexpr int titleMargin = 8;
 constexpr int titleHeight = 20;
 
+// A label that is given the focus, where nothing else should have it, lays its text anew and two
+// pixels off; this one stays as it is.
+class StillLabel : public QLabel
+{
+public:
+    using QLabel::QLabel;
+
+protected:
+    void focusInEvent(QFocusEvent* event) override { QFrame::focusInEvent(event); }
+    void focusOutEvent(QFocusEvent* event) override { QFrame::focusOutEvent(event); }
+};
+
 // At these sizes the segments of the ring come out even.
 int dialSide(int thickness)
 {
@@ -114,7 +126,7 @@ QFrame* FormBuilder::frame(QWidget* parent, const char* name, const QRect& place
 QLabel* FormBuilder::label(QWidget* parent, const QString& text, const QRect& place,
                            const char* role)
 {
-    auto* words = new QLabel(text, parent);
+    auto* words = new StillLabel(text, parent);
     words->setProperty("role", role);
     words->setAlignment(Qt::AlignCenter);
     words->setGeometry(place);

@@ -1,9 +1,9 @@
 #include "fullpowerform.h"
 
+#include "elidingcombobox.h"
 #include "formbuilder.h"
 #include "stripparts.h"
 
-#include <QComboBox>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
@@ -273,7 +273,7 @@ void FullPowerForm::laySetlist()
         const QChar letter(u'A' + slot);
         const int y = firstRow + slot * rowStep;
         builder.label(presetFrame, letter, {margin, y, letterWidth - 2, rowHeight}, "title");
-        auto* menu = new QComboBox(presetFrame);
+        auto* menu = new ElidingComboBox(presetFrame);
         menu->setObjectName(QStringLiteral("setlist") + letter);
         menu->setAccessibleName(QStringLiteral("Setlist, slot %1").arg(letter));
         menu->setToolTip(QStringLiteral("The preset that belongs in slot %1.").arg(letter));
