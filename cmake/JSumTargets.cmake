@@ -28,6 +28,24 @@ set_target_properties(jsum_juce PROPERTIES AUTOMOC OFF AUTORCC OFF)
 # JUCE's modules carry plain C++ in .cpp files of their own; they need a standard, not our warnings.
 target_compile_features(jsum_juce PUBLIC cxx_std_20)
 
+# Qt's headers, read once for all that is built with the same flags. The presets debug and sanitize
+# do without, so that a source that lacks an include is found there.
+option(JSUM_PRECOMPILE "Precompile Qt's headers" ON)
+function(jsum_qt_headers name)
+  add_library(${name} STATIC "${PROJECT_SOURCE_DIR}/cmake/qtheaders.cpp")
+  target_link_libraries(${name} PRIVATE Qt6::Widgets jsum_options ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+  if(JSUM_PRECOMPILE)
+    target_precompile_headers(${name} PRIVATE <QtWidgets>)
+  endif()
+endfunction()
+function(jsum_reuse_headers name headers)
+  if(JSUM_PRECOMPILE)
+    target_precompile_headers(${name} REUSE_FROM ${headers})
+  endif()
+endfunction()
+jsum_qt_headers(jsum_headers)
+
 # jsum_library(NAME SOURCES ... LINKS ...): one static library for the folder it is called in; the
 # folder is its include directory, so a header is seen only by those who link the library.
 function(jsum_library name)
@@ -35,6 +53,9 @@ function(jsum_library name)
   add_library(${name} STATIC ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE jsum_options)
+  if("Qt6::Widgets" IN_LIST ARG_LINKS)
+    jsum_reuse_headers(${name} jsum_headers)
+  endif()
 endfunction()
 
 # jsum_program(NAME SOURCES ... LINKS ...): an executable with our flags.
@@ -48,11 +69,11 @@ endfunction()
 add_library(jsum_test_options INTERFACE)
 target_compile_options(jsum_test_options INTERFACE -O0)
 
-# jsum_test_program(NAME SOURCES ... LINKS ...): a program of tests, with Qt's headers precompiled.
+# jsum_test_program(NAME SOURCES ... LINKS ...): a program of tests.
 function(jsum_test_program name)
   jsum_program(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE jsum_test_support Qt6::Widgets jsum_test_options)
-  target_precompile_headers(${name} REUSE_FROM jsum_test_headers)
+  jsum_reuse_headers(${name} jsum_test_headers)
 endfunction()
 
 # jsum_test(NAME SOURCES ... LINKS ... [SEQUENCER]): a Qt Test program. Those that need the
@@ -63,7 +84,7 @@ function(jsum_test name)
   jsum_test_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS})
   add_test(NAME ${name} COMMAND ${name} ${ARG_ARGUMENTS})
   set_tests_properties(${name} PROPERTIES
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_TO_CONSOLE=1" TIMEOUT 120)
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_TO_CONSOLE=1" TIMEOUT 300)
   if(ARG_SEQUENCER)
     set_tests_properties(${name} PROPERTIES LABELS sequencer TIMEOUT 900)
   else()

@@ -1,0 +1,1 @@
+// Nothing: the libraries of this file exist for their precompiled headers.

@@ -1,1 +1,0 @@
-// Nothing: the library of this file exists for its precompiled headers.
