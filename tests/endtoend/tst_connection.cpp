@@ -22,6 +22,7 @@ class TestConnection : public TestCase
     std::unique_ptr<ViewManager> window;
     std::unique_ptr<QSignalSpy> queryTimeouts;
     std::unique_ptr<QSignalSpy> connections;
+    std::unique_ptr<QSignalSpy> syncs;
     QString startFolder = QDir::currentPath();
 
     const QSize splash{400, 495};
@@ -55,11 +56,20 @@ class TestConnection : public TestCase
         auto* timer = window->sysex()->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
         queryTimeouts = std::make_unique<QSignalSpy>(timer, SIGNAL(timeout()));
         connections = std::make_unique<QSignalSpy>(window->sysex(), SIGNAL(signalConnected(bool)));
+        syncs = std::make_unique<QSignalSpy>(window->sysex(),
+                                             SIGNAL(signalLiveMemoryFinishedSyncing()));
     }
 
     bool becomes(const QSize& size)
     {
         return QTest::qWaitFor([&] { return window->size() == size; },
+                               SimulatorProcess::patienceMs);
+    }
+    // A mixer that restarts is away for two seconds only. An editor that is still taking in the live
+    // memory on a slow machine could miss them, so whoever restarts it waits for the sync's end.
+    bool isSynced(int times = 1)
+    {
+        return QTest::qWaitFor([&] { return syncs->count() >= times; },
                                SimulatorProcess::patienceMs);
     }
     bool isConnected(bool wanted)
@@ -164,10 +174,11 @@ private slots:
     {
         QVERIFY(simulator->start());
         openEditor();
-        QVERIFY(becomes(full));
+        QVERIFY(isSynced());
         QVERIFY(simulator->command("restart"));
         QVERIFY(becomes(splash));
         QVERIFY(becomes(full));
+        QVERIFY(isSynced(2));
 
         // And by the editor's own message.
         window->sysex()->slotSendRestartMessage();
@@ -222,7 +233,7 @@ private slots:
         QVERIFY(simulator->start());
         QVERIFY(simulator->command("firmware fail stderr"));
         openEditor();
-        QVERIFY(becomes(full));
+        QVERIFY(isSynced());
         emit window->sysex()->signalUpdateFirmware();
         QVERIFY(opens("fwErrorDialogForm"));
         QVERIFY(!dialog("fwErrorDialogForm")->findChild<QLabel*>("errorMsg")->text().isEmpty());
