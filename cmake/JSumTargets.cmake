@@ -21,30 +21,38 @@ target_compile_definitions(jsum_juce
     JUCE_ALSA_MIDI_NAME="J-Sum Editor"
   INTERFACE
     $<TARGET_PROPERTY:jsum_juce,COMPILE_DEFINITIONS>)
-target_compile_options(jsum_juce PRIVATE -w -g0)
+# It moves a few bytes per message here: -O2 buys nothing but minutes of compiling.
+target_compile_options(jsum_juce PRIVATE -w -g0 $<$<CONFIG:RelWithDebInfo>:-O1>)
 target_include_directories(jsum_juce SYSTEM INTERFACE
   $<TARGET_PROPERTY:jsum_juce,INCLUDE_DIRECTORIES>)
 set_target_properties(jsum_juce PROPERTIES AUTOMOC OFF AUTORCC OFF)
 # JUCE's modules carry plain C++ in .cpp files of their own; they need a standard, not our warnings.
 target_compile_features(jsum_juce PUBLIC cxx_std_20)
 
-# Qt's headers, read once for all that is built with the same flags. The presets debug and sanitize
-# do without, so that a source that lacks an include is found there.
-option(JSUM_PRECOMPILE "Precompile Qt's headers" ON)
+# Qt's headers cost more to compile than our sources. So they are precompiled once for all that is
+# built with the same flags, and a target's sources are compiled several at a time. The presets debug
+# and sanitize do neither, so that a source that lacks an include is found there.
+option(JSUM_QUICK_BUILD "Precompile Qt's headers and compile several sources as one" ON)
 function(jsum_qt_headers name)
   add_library(${name} STATIC "${PROJECT_SOURCE_DIR}/cmake/qtheaders.cpp")
   target_link_libraries(${name} PRIVATE Qt6::Widgets jsum_options ${ARGN})
   set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
-  if(JSUM_PRECOMPILE)
+  if(JSUM_QUICK_BUILD)
     target_precompile_headers(${name} PRIVATE <QtWidgets>)
   endif()
 endfunction()
 function(jsum_reuse_headers name headers)
-  if(JSUM_PRECOMPILE)
+  if(JSUM_QUICK_BUILD)
     target_precompile_headers(${name} REUSE_FROM ${headers})
   endif()
 endfunction()
 jsum_qt_headers(jsum_headers)
+
+function(jsum_join_sources name)
+  if(JSUM_QUICK_BUILD)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+  endif()
+endfunction()
 
 # jsum_library(NAME SOURCES ... LINKS ...): one static library for the folder it is called in; the
 # folder is its include directory, so a header is seen only by those who link the library.
@@ -56,6 +64,7 @@ function(jsum_library name)
   if("Qt6::Widgets" IN_LIST ARG_LINKS)
     jsum_reuse_headers(${name} jsum_headers)
   endif()
+  jsum_join_sources(${name})
 endfunction()
 
 # jsum_program(NAME SOURCES ... LINKS ...): an executable with our flags.
@@ -63,6 +72,7 @@ function(jsum_program name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} jsum_options)
+  jsum_join_sources(${name})
 endfunction()
 
 # Test programs are built quickly rather than to run quickly; what they test keeps its own flags.
@@ -73,6 +83,15 @@ target_compile_options(jsum_test_options INTERFACE -O0)
 function(jsum_test_program name)
   jsum_program(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE jsum_test_support Qt6::Widgets jsum_test_options)
+  jsum_reuse_headers(${name} jsum_test_headers)
+endfunction()
+
+# jsum_test_fixture(NAME SOURCES ... LINKS ...): what several programs of tests share.
+function(jsum_test_fixture name)
+  jsum_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_link_libraries(${name} PUBLIC jsum_test_support Qt6::Widgets PRIVATE jsum_test_options)
+  target_compile_definitions(${name} PUBLIC JSUM_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   jsum_reuse_headers(${name} jsum_test_headers)
 endfunction()
 

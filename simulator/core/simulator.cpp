@@ -12,7 +12,6 @@ constexpr int roomRetryMs = 2;
 constexpr int roomPatienceMs = 5000;
 
 const QString mixerKey = QStringLiteral("mixer");
-const QString firmwareKey = QStringLiteral("firmware");
 const QString formatKey = QStringLiteral("format");
 
 } // namespace
@@ -104,7 +103,7 @@ void Simulator::save()
         document.insert(formatKey, 1);
         document.insert(mixerKey, m_mixer.toJson());
         // The file may have been deleted meanwhile.
-        if (!document.contains(firmwareKey))
+        if (!FirmwareState::isIn(document))
             m_lastFirmware.putInto(document);
         m_lastFirmware = FirmwareState::of(document);
     };

@@ -104,6 +104,8 @@ FirmwareState FirmwareState::of(const QJsonObject& document)
     return state;
 }
 
+bool FirmwareState::isIn(const QJsonObject& document) { return document.contains(firmwareKey); }
+
 void FirmwareState::putInto(QJsonObject& document) const
 {
     QJsonObject section = document.value(firmwareKey).toObject();

@@ -49,6 +49,7 @@ struct FirmwareState {
 
     // What is missing or makes no sense keeps its factory value.
     static FirmwareState of(const QJsonObject& document);
+    static bool isIn(const QJsonObject& document);
     void putInto(QJsonObject& document) const;
     static bool isFailure(const QString& text);
     // The N of "check-exit N"; -1 for anything else.

@@ -12,7 +12,7 @@ namespace
 {
 
 // The file is written at the tick after these.
-constexpr int quietTicks = 500;
+constexpr int globalQuietTicks = 500;
 
 const QString globalKey = QStringLiteral("Global");
 
@@ -81,7 +81,7 @@ void GlobalPresetInterface::slotRecallGlobal()
 void GlobalPresetInterface::slotSaveGlobalTimeout()
 {
     ++globalSaveTicks;
-    if (globalSaveTicks > quietTicks) {
+    if (globalSaveTicks > globalQuietTicks) {
         slotWriteGlobal();
         globalSaveTimer->stop();
     }

@@ -12,7 +12,7 @@ namespace
 {
 
 // The live memory is saved at the tick after these.
-constexpr int quietTicks = 500;
+constexpr int liveMemoryQuietTicks = 500;
 
 void refuse(const char* what, int presetNum)
 {
@@ -200,7 +200,7 @@ void PresetInterface::slotDeletePreset()
 void PresetInterface::slotSaveLiveMemoryTimeout()
 {
     ++liveMemoryTicks;
-    if (liveMemoryTicks <= quietTicks)
+    if (liveMemoryTicks <= liveMemoryQuietTicks)
         return;
     if (contains(0)) {
         copyToSaved(0);

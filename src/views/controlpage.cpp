@@ -16,7 +16,6 @@
 namespace
 {
 
-const QString levelSuffix = QStringLiteral("_level");
 const QString resetSuffix = QStringLiteral("_reset");
 
 template <typename Row> const Row* rowNamed(const QList<Row>& rows, const QString& name)
@@ -108,7 +107,7 @@ void ControlPage::adopt(QWidget* widget)
         control.slider = qobject_cast<QAbstractSlider*>(widget);
         if (control.slider == nullptr || control.row == nullptr)
             return;
-        control.box = host->findChild<QAbstractSpinBox*>(name + levelSuffix);
+        control.box = host->findChild<QAbstractSpinBox*>(name + boxSuffix);
         control.reset = host->findChild<QToolButton*>(name + resetSuffix);
         widget->installEventFilter(this);
     }

@@ -14,7 +14,10 @@ enum class Encoding {
     tensOfHertz,
 };
 
-// A dial or a fader, and the box that bears its name with "_level" added. The row builds them,
+// What is added to a control's name for that of its box.
+inline const QString boxSuffix = QStringLiteral("_level");
+
+// A dial or a fader, and its box if it has one. The row builds them,
 // gives them their look and tells the way from the one to the other.
 struct ControlRow {
     QString name{};    // the object name

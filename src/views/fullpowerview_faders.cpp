@@ -1,5 +1,6 @@
 // The fader frame: its store and send wires, the numbers beside the faders, solo and mute.
 
+#include "controlrow.h"
 #include "cuttoint.h"
 #include "fullpowerview.h"
 #include "parameterpage.h"
@@ -20,7 +21,6 @@ namespace
 {
 
 constexpr int longestName = 24;
-const QString levelSuffix = QStringLiteral("_level");
 
 } // namespace
 
@@ -48,8 +48,7 @@ Wire FullPowerView::faderWire(PortableSlider* fader)
 
 SelectAllDoubleSpinbox* FullPowerView::levelBoxOf(const QObject* fader) const
 {
-    return form.faderGroupBox->findChild<SelectAllDoubleSpinbox*>(fader->objectName()
-                                                                  + levelSuffix);
+    return form.faderGroupBox->findChild<SelectAllDoubleSpinbox*>(fader->objectName() + boxSuffix);
 }
 
 int FullPowerView::valueOf(const FaderControl& control) const
@@ -214,8 +213,8 @@ void FullPowerView::slotLinkSpinboxtoFader(double value)
     auto* box = qobject_cast<SelectAllDoubleSpinbox*>(sender());
     if (box == nullptr)
         return;
-    auto* fader = form.faderGroupBox->findChild<PortableSlider*>(
-        box->objectName().chopped(levelSuffix.size()));
+    auto* fader =
+        form.faderGroupBox->findChild<PortableSlider*>(box->objectName().chopped(boxSuffix.size()));
     if (fader == nullptr)
         return;
     // Through two decimals many places of the fader would not come back as they were.

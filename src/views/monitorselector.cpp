@@ -13,7 +13,7 @@ constexpr int gap = 8;
 
 constexpr const char* names[]{"CH 1", "CH 2", "CH 3",  "CH 4",  "CH 5",  "CH 6",
                               "CH 7", "CH 8", "MAINS", "AUX 1", "AUX 2", "AUX 3"};
-constexpr int channels = std::size(names);
+constexpr int channelCount = std::size(names);
 
 } // namespace
 
@@ -23,10 +23,10 @@ MonitorSelector::MonitorSelector(QWidget* parent, const QSize& size, const QStri
     resize(size);
     setFocusPolicy(Qt::NoFocus);
     auto* group = new QButtonGroup(this);
-    constexpr int rows = channels / columns;
+    constexpr int rows = channelCount / columns;
     const int width = (size.width() - (columns - 1) * gap) / columns;
     const int height = (size.height() - (rows - 1) * gap) / rows;
-    for (int index = 0; index < channels; ++index) {
+    for (int index = 0; index < channelCount; ++index) {
         const QString name = QLatin1String(names[index]);
         auto* button = new QPushButton(name, this);
         button->setObjectName(QStringLiteral("monitor_button_%1").arg(index + 1));
@@ -40,7 +40,7 @@ MonitorSelector::MonitorSelector(QWidget* parent, const QSize& size, const QStri
         buttons.append(button);
     }
     connect(group, SIGNAL(idClicked(int)), SLOT(slotChoose(int)));
-    setRange(1, channels);
+    setRange(1, channelCount);
 }
 
 void MonitorSelector::slotChoose(int channel) { setValue(channel); }
