@@ -65,8 +65,9 @@ class TestConnection : public TestCase
         return QTest::qWaitFor([&] { return window->size() == size; },
                                SimulatorProcess::patienceMs);
     }
-    // A mixer that restarts is away for two seconds only. An editor that is still taking in the live
-    // memory on a slow machine could miss them, so whoever restarts it waits for the sync's end.
+    // A mixer that restarts is away for two seconds only. An editor that is still taking in the
+    // live memory on a slow machine could miss them, so whoever restarts it waits for the sync's
+    // end.
     bool isSynced(int times = 1)
     {
         return QTest::qWaitFor([&] { return syncs->count() >= times; },
@@ -102,15 +103,18 @@ private slots:
         openEditor();
         QVERIFY(isConnected(true));
         QVERIFY(becomes(full));
-        QCOMPARE(simulator->count(query), 1);
-        QCOMPARE(queryTimeouts->count(), 1); // the process's first query waits for the timer
+        // The process's first query waits for the timer, and so does each that repeats it where the
+        // answer is slow.
+        QTRY_COMPARE(simulator->count(query), int(queryTimeouts->count()));
 
         // At a reconnection it goes out at once.
         QVERIFY(simulator->command("unplug"));
         QVERIFY(becomes(splash));
+        simulator->mark();
+        queryTimeouts->clear();
         QVERIFY(simulator->command("plug"));
         QVERIFY(becomes(full));
-        QCOMPARE(queryTimeouts->count(), 1);
+        QTRY_COMPARE(simulator->count(query), int(queryTimeouts->count()) + 1);
     }
 
     void presentAtStart_firmwareMatches()
@@ -118,8 +122,9 @@ private slots:
         installTool();
         QVERIFY(simulator->start());
         openEditor();
-        QVERIFY(becomes(full));
+        QVERIFY(simulator->waitFor(query));
         QCOMPARE(queryTimeouts->count(), 0); // the tool's word spares the first wait
+        QVERIFY(becomes(full));
         QVERIFY(!window->findChild<QLabel*>("fw_found")->text().isEmpty());
         QCOMPARE(window->findChild<QLabel*>("portName")->text(), QString("Audio Control"));
     }
@@ -207,7 +212,7 @@ private slots:
         QVERIFY(twin.start());
         openEditor();
         QVERIFY(becomes(full));
-        QCOMPARE(simulator->count(query) + twin.count(query), 1); // one of them is spoken to
+        QVERIFY((simulator->count(query) > 0) != (twin.count(query) > 0)); // one is spoken to
     }
 
     void firmwareUpdate()
