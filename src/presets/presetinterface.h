@@ -166,6 +166,7 @@ private:
     // Counts the ends of the sync: a recall whose mixer is gone stops.
     int syncNumber = 0;
     QVariantMap savedMapBeforeDemo;
+    QVariantMap workingMapBeforeDemo;
     LibraryText libraryText;
     // Keys by saved name; empty when it is to be made anew.
     QHash<QString, QString> keysByName;

@@ -97,21 +97,24 @@ void PresetInterface::slotSavePresetAs(QString presetName, bool isForReceivingPr
     QVariantMap preset = workingPreset(currentPreset);
     preset.insert(presetNameKey(), presetName);
     append(preset);
+    const int sync = syncNumber;
     // The edits live in the new preset now.
     if (!isForReceivingPreset)
         slotRevertPreset();
     slotWriteJSON(savedMap);
+    // Each recall lets events pass. If they ended the sync, the list is made anew with the next.
+    if (sync != syncNumber)
+        return;
     emit signalAddOrRemovePreset();
     const int last = presetCount() - 1;
-    if (isForReceivingAll) {
-        emit signalPresetMenu(last);
-        emit signalPresetIsReadyToReceive();
-        return;
-    }
-    emit signalDisconnectFromSysexSending();
+    if (!isForReceivingAll)
+        emit signalDisconnectFromSysexSending();
     emit signalPresetMenu(last);
-    emit signalConnectToSysexSending();
-    if (isForReceivingPreset)
+    if (sync != syncNumber)
+        return;
+    if (!isForReceivingAll)
+        emit signalConnectToSysexSending();
+    if (isForReceivingPreset || isForReceivingAll)
         emit signalPresetIsReadyToReceive();
 }
 
@@ -221,8 +224,10 @@ void PresetInterface::slotSetSyncStatus(bool complete)
 void PresetInterface::slotSetDemoModeEnabled(bool enabled)
 {
     const bool leaving = demoMode && !enabled;
-    if (enabled && !demoMode)
+    if (enabled && !demoMode) {
         savedMapBeforeDemo = savedMap;
+        workingMapBeforeDemo = workingMap;
+    }
     demoMode = enabled;
     if (enabled) {
         disconnect(liveMemoryTimer, SIGNAL(timeout()), this, SLOT(slotSaveLiveMemoryTimeout()));
@@ -239,9 +244,7 @@ void PresetInterface::leaveDemoMode()
     liveMemoryTimer->stop();
     liveMemoryTicks = 0;
     // A rename or a new order reached the saved state too, though not its file.
-    savedMap = savedMapBeforeDemo;
-    savedMapBeforeDemo.clear();
-    workingMap = savedMap;
-    workingMap.detach();
+    savedMap = std::exchange(savedMapBeforeDemo, {});
+    workingMap = std::exchange(workingMapBeforeDemo, {});
     keysByName.clear();
 }

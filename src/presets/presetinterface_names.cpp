@@ -5,14 +5,14 @@
 namespace
 {
 
-// Without a number of up to three digits behind " copy". A bare " copy" stays: its space stands
-// nearer to the end than those that are looked for.
+// Without a number of up to three digits behind " copy", if there is more than that. A bare " copy"
+// stays: its space stands nearer to the end than those that are looked for.
 QString withoutCopyNumber(const QString& name)
 {
     if (!name.contains(QStringLiteral(" copy")))
         return name;
     for (const qsizetype length : {6, 7, 8}) {
-        if (name.size() >= length && name.at(name.size() - length) == QLatin1Char(' '))
+        if (name.size() > length && name.at(name.size() - length) == QLatin1Char(' '))
             return name.chopped(length);
     }
     return name;
@@ -53,13 +53,10 @@ QString PresetInterface::slotAppendSuffixToNewPresetName(QString name)
         if (withoutCopyNumber(used) == name)
             ++alike;
     }
-    if (alike == 0)
-        return name;
 
-    QString result = copyName(name, alike);
-    const QString beforeNumber = QStringLiteral("%1 copy").arg(name);
+    QString result = alike == 0 ? name : copyName(name, alike);
     if (namesInUse.contains(result)) {
-        int number = QString(result).remove(beforeNumber).toInt();
+        int number = alike;
         while (namesInUse.contains(result))
             result = copyName(name, ++number);
     }

@@ -161,7 +161,9 @@ private slots:
     void demoModeLeavesNoTrace()
     {
         const QByteArray before = onDisk();
+        edit(2, 7);
         store->slotSetDemoModeEnabled(true);
+        edit(2, 8);
         store->liveMemoryTimer->start(100000);
         edit(0, 10);
         edit(1, 11);
@@ -179,7 +181,9 @@ private slots:
         QVERIFY(!store->liveMemoryTimer->isActive());
         QCOMPARE(names(), QStringList({"[CONNECTION SYNC]", "a", "b", "c"}));
         store->slotCheckSaveState(1);
-        QCOMPARE(recorder->take(), QString("clean:1"));
+        store->slotCheckSaveState(2); // edited before it
+        QCOMPARE(recorder->take(), QString("clean:1 dirty:2"));
+        QCOMPARE(store->workingPreset(2).value("reverbtab_level").toInt(), 7);
         QCOMPARE(onDisk(), before);
     }
 

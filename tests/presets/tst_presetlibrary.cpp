@@ -107,6 +107,8 @@ private slots:
         QCOMPARE(made({"Lead"}, "Lead copy"), QString("Lead copy")); // bare: a name of its own
         QCOMPARE(made({"50%2 mix"}, "50%2 mix"), QString("50%2 mix copy1"));
         QCOMPARE(made({"off"}, "[OFF]"), QString("off copy1"));
+        QCOMPARE(made({"X copy1"}, "X copy1 copy1"), QString("X copy1 copy1")); // not the other's
+        QCOMPARE(made({"Lead"}, " copy1"), QString(" copy1"));                  // never none
     }
 };
 
