@@ -124,7 +124,8 @@ void ViewManager::slotInitFullPowerView()
     connect(fullPowerView, SIGNAL(signalAddTextToFwLog(QString)), this,
             SLOT(slotAddTextToFwConsole(QString)));
 
-    fullPowerView->slotInitializeFullPowerMode();
+    if (!fullPowerView->slotInitializeFullPowerMode())
+        return;
     form.splashWidget->close();
     fullPowerContainer->setGeometry(0, 0, windowWidth, windowHeight);
     setFixedSize(windowWidth, windowHeight);

@@ -114,7 +114,7 @@ QList<ParameterPage*> FullPowerView::parameterPages() const
 
 // A mode entry
 
-void FullPowerView::slotInitializeFullPowerMode()
+bool FullPowerView::slotInitializeFullPowerMode()
 {
     const int entry = ++modeEntry;
     modeActive = true;
@@ -133,7 +133,7 @@ void FullPowerView::slotInitializeFullPowerMode()
     showAvailability();
     slotSetPreferences();
     if (!isCurrent(entry))
-        return;
+        return false;
     if (!demoModeEnabled) {
         slotDisconnectToSysexPresetSending();
         emit signalDisconnectGlobalSysex();
@@ -143,23 +143,24 @@ void FullPowerView::slotInitializeFullPowerMode()
     globalPresetInterface->slotRecallGlobal();
     selectRow(0);
     if (!isCurrent(entry))
-        return;
+        return false;
     checkAllSaveStates();
     if (!demoModeEnabled) {
         layPresetZero(entry);
         if (!isCurrent(entry))
-            return;
+            return false;
         connectStoreSending();
         liveMemoryAsked = true;
         sysexManager->slotSendSinglePresetRequest(0, false);
     }
     emit signalFindAudioDeviceNames();
+    return true;
 }
 
 void FullPowerView::slotDeInitializeFullPowerMode()
 {
     // What is typed goes, while the wires are there, to the preset it is meant for, or to nobody.
-    commitEditedBox();
+    slotCommitEditedBox();
     for (QWidget* dialog : dialogs())
         closeDialog(dialog);
     modeActive = false;
@@ -169,6 +170,8 @@ void FullPowerView::slotDeInitializeFullPowerMode()
         widget->removeEventFilter(this);
     presetInterface->slotSetSyncStatus(false);
     slotDisconnectInterfaces();
+    // What the mixer's panel says of a mode that is over must check no button of the next.
+    slotEnableViewChanging(false);
     slotDisconnectMenuItems();
     disconnect(this, SIGNAL(signalPopulatePresetMenu(ReorderableListWidget*)), presetInterface,
                SLOT(slotPopulatePresetMenu(ReorderableListWidget*)));
@@ -180,6 +183,7 @@ void FullPowerView::slotAppClosing()
 {
     modeActive = false;
     ++modeEntry;
+    presetInterface->slotSetSyncStatus(false); // a recall under way ends here
 }
 
 void FullPowerView::restFlows()

@@ -62,7 +62,8 @@ public:
 public slots:
     // The mixer is there, or the demo begins: joins the view to the stores and the device link, and
     // asks for the mixer's live state.
-    void slotInitializeFullPowerMode();
+    // False if what its events brought, an unplug or a new entry, ended it meanwhile.
+    bool slotInitializeFullPowerMode();
     void slotDeInitializeFullPowerMode();
     // Ends every wait, and lets nothing new begin.
     void slotAppClosing();
@@ -186,6 +187,8 @@ signals:
     void signalSetPhantom(int channel, int state);
 
 private slots:
+    // Ends the typing of a number, which then counts.
+    static void slotCommitEditedBox();
     void slotShowButtonState();
     void slotSoloReleased();
     void slotOpenSaveAs();
@@ -261,11 +264,13 @@ private:
     QList<Wire> selectionWires(const QString& older, const QString& newer) const;
 
     // Presets
-    static void commitEditedBox();
     void selectRow(int row);
     void selectRowWithoutRecall(int row);
     void checkAllSaveStates();
     void showAvailability();
+    // Where a preset is that was in that row; -1 if it is gone. A library may hold two of one name.
+    int rowOf(const QString& name, int row) const;
+    static QString libraryLimit();
     void openDialog(QWidget* dialog, QWidget* focus);
     void closeDialog(QWidget* dialog);
     bool isDialogOpen() const;
@@ -291,6 +296,7 @@ private:
     void giveUpReceiving();
     void receiveNew(const Flow& flow, QChar letter, const QString& name);
     void receiveInto(const Flow& flow, QChar letter, const QString& name);
+    void pauseMixer(bool paused);
     bool pauseAfterSlot(const Flow& flow);
     bool receiveSlotAsNew(const Flow& flow, int slot, const QString& prefix);
     void restFlows();
@@ -369,10 +375,13 @@ private:
     int receivedSlotNumber = 0;
     // The slot whose end marker may ask for a save.
     int requestedSlot = -1;
+    // A send that was broken off leaves it so.
+    bool mixerPaused = false;
 
     // By name.
     QStringList dirtyPresets;
     bool dirtyPresetInSetlist = false;
     // Which preset the open rename or delete dialog is about.
     QString dialogPreset;
+    int dialogRow = -1;
 };

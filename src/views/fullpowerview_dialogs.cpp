@@ -158,7 +158,8 @@ bool FullPowerView::eventFilter(QObject* watched, QEvent* event)
     if (!watched->isWidgetType())
         return QWidget::eventFilter(watched, event);
     auto* widget = static_cast<QWidget*>(watched);
-    if (event->type() == QEvent::MouseButtonPress)
+    // The second press of a quick pair is a press as well.
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)
         return filterPress(widget, static_cast<QMouseEvent*>(event));
     if (event->type() == QEvent::KeyPress)
         return filterKey(widget, static_cast<QKeyEvent*>(event));
@@ -191,7 +192,7 @@ bool FullPowerView::filterPress(QWidget* watched, const QMouseEvent* event)
             pressedSolo = watched;
     }
     if (qobject_cast<QAbstractButton*>(watched) != nullptr)
-        commitEditedBox();
+        slotCommitEditedBox();
     const bool isGround = name == QLatin1String("frame") || name == QLatin1String("presetFrame")
         || name.contains(QLatin1String("faderGroupBox"))
         || name.contains(QLatin1String("groupBox"));

@@ -50,7 +50,12 @@ QList<Wire> FullPowerView::menuWires()
     if (clearPresetAct == nullptr)
         return {};
     const char* triggered = SIGNAL(triggered());
-    return {
+    QList<Wire> wires;
+    // A shortcut leaves the focus where it is.
+    for (QAction* action : {clearPresetAct, copyPresetAct, pastePresetAct, pasteNewPresetAct,
+                            copyFullChannelAct, pasteFullChannelAct})
+        wires.append({action, triggered, this, SLOT(slotCommitEditedBox())});
+    wires += QList<Wire>{
         {clearPresetAct, triggered, copyPasteHandler, SLOT(slotClearPreset())},
         {copyPresetAct, triggered, copyPasteHandler, SLOT(slotCopyPreset())},
         {pastePresetAct, triggered, copyPasteHandler, SLOT(slotPastePreset())},
@@ -59,6 +64,7 @@ QList<Wire> FullPowerView::menuWires()
         {pasteFullChannelAct, triggered, copyPasteHandler, SLOT(slotPasteChannel())},
         {autoPopulateSetlistAct, triggered, this, SLOT(slotAutoPopulateSetlist())},
     };
+    return wires;
 }
 
 void FullPowerView::slotConnectMenuItems()

@@ -36,7 +36,7 @@ void showDirty(QListWidgetItem* item, bool dirty)
 } // namespace
 
 // A number that is being typed belongs to the preset that is current now.
-void FullPowerView::commitEditedBox()
+void FullPowerView::slotCommitEditedBox()
 {
     if (auto* box = qobject_cast<QAbstractSpinBox*>(QApplication::focusWidget()); box != nullptr)
         box->clearFocus();
@@ -44,7 +44,7 @@ void FullPowerView::commitEditedBox()
 
 void FullPowerView::selectRow(int row)
 {
-    commitEditedBox();
+    slotCommitEditedBox();
     // Nothing after it: the recall lets events pass, and they may select another.
     form.presetlist->setCurrentRow(row);
 }
@@ -88,6 +88,12 @@ void FullPowerView::slotPopulateSetlistMenusAfterDelete()
     setlist->slotRecallSetlist();
 }
 
+QString FullPowerView::libraryLimit()
+{
+    return QStringLiteral("The library holds %1 presets, and that is its limit.")
+        .arg(PresetInterface::maxPresets);
+}
+
 // What the library has room for, and the mixer is ready for.
 void FullPowerView::showAvailability()
 {
@@ -95,8 +101,7 @@ void FullPowerView::showAvailability()
     const int count = presetInterface->slotGetNumPresetsInJson();
     const bool isFull = presetInterface->isFull();
     const bool hasRoomForAll = count + presetsOfReceiveAll <= PresetInterface::maxPresets;
-    const QString limit = QStringLiteral("The library holds %1 presets, and that is its limit.")
-                              .arg(PresetInterface::maxPresets);
+    const QString limit = libraryLimit();
     form.saveas->setEnabled(hasMixer && !isFull);
     form.saveas->setToolTip(isFull ? limit
                                    : QStringLiteral("Keep the current state as a new preset."));
@@ -197,12 +202,12 @@ void FullPowerView::slotSelectionMoved(int row)
 
 void FullPowerView::slotReorderPresetList()
 {
-    const QListWidgetItem* item = form.presetlist->currentItem();
-    if (item == nullptr)
+    const int row = form.presetlist->currentRow();
+    if (row < 0)
         return;
-    const QString name = item->text();
+    const QString name = form.presetlist->currentItem()->text();
     presetInterface->slotReorderPresets(form.presetlist);
-    selectRow(form.presetlist->rowOf(name));
+    selectRow(rowOf(name, row));
 }
 
 void FullPowerView::slotMoveLiveMemoryHelpIcon(bool scrollBarIsShowing)
@@ -224,6 +229,12 @@ void FullPowerView::slotOpenReceiveAll() { openDialog(receiveAllDialog, receiveA
 void FullPowerView::slotOpenLiveMemoryHelp()
 {
     openDialog(liveMemoryHelpDialog, connectionSyncForm.ok);
+}
+
+int FullPowerView::rowOf(const QString& name, int row) const
+{
+    const QListWidgetItem* item = form.presetlist->item(row);
+    return item != nullptr && item->text() == name ? row : form.presetlist->rowOf(name);
 }
 
 void FullPowerView::slotSavePreset() { presetInterface->slotSavePreset(-1); }
@@ -249,6 +260,7 @@ void FullPowerView::slotDeletePreset()
     if (item == nullptr || item->text() == syncPresetName())
         return;
     dialogPreset = item->text();
+    dialogRow = form.presetlist->currentRow();
     deleteForm.label_2->setText(dialogPreset);
     openDialog(deleteDialog, deleteForm.delete_2);
 }
@@ -257,7 +269,7 @@ void FullPowerView::slotDeletePreset()
 void FullPowerView::slotConfirmDelete()
 {
     closeDialog(deleteDialog);
-    const int row = form.presetlist->rowOf(dialogPreset);
+    const int row = rowOf(dialogPreset, dialogRow);
     if (row <= 0 || dialogPreset == syncPresetName()) {
         qDebug() << "delete: there is no preset" << dialogPreset;
         return;
@@ -271,6 +283,7 @@ void FullPowerView::slotCheckToAllowRename(QListWidgetItem* presetItem)
     if (presetItem == nullptr || presetItem->text() == syncPresetName())
         return;
     dialogPreset = presetItem->text();
+    dialogRow = form.presetlist->row(presetItem);
     openDialog(renameDialog, renameForm.name);
 }
 
@@ -280,7 +293,7 @@ void FullPowerView::slotRename()
     const QString newName =
         presetInterface->slotAppendSuffixToNewPresetName(renameForm.name->text());
     closeDialog(renameDialog);
-    const int row = form.presetlist->rowOf(oldName);
+    const int row = rowOf(dialogPreset, dialogRow);
     if (row <= 0 || newName.isEmpty()) {
         qDebug() << "rename: there is no preset" << oldName;
         return;

@@ -72,8 +72,12 @@ void FullPowerView::slotUpdateSendsAndReceives(bool enabled, QChar setlistLetter
     if (slot < 0 || slot >= form.sendButtons.size())
         return;
     form.sendButtons.at(slot)->setEnabled(enabled && isLive());
+    const bool hasTarget = !presetInterface->isFull()
+        || form.presetlist->rowOf(setlist->presetInSlot(setlistLetter)) >= 0;
     // There is no mixer in a demo that could answer.
-    form.receiveButtons.at(slot)->setEnabled(enabled && syncComplete);
+    form.receiveButtons.at(slot)->setEnabled(enabled && syncComplete && hasTarget);
+    form.receiveButtons.at(slot)->setToolTip(
+        hasTarget ? FullPowerForm::receiveToolTip(setlistLetter) : libraryLimit());
 }
 
 // Sending
@@ -84,23 +88,30 @@ void FullPowerView::slotSendSinglePreset()
     if (sender() == nullptr || sender()->objectName().size() <= letterPlace)
         return;
     const QChar letter = sender()->objectName().at(letterPlace);
-    commitEditedBox();
+    slotCommitEditedBox();
     const Flow flow(this);
     showProgress({});
     endMultipleSelection();
-    sysexManager->slotSendDSPUpdatingStatus(false);
+    pauseMixer(true);
     slotSendPreset(slotNumberOf(letter) - 1, setlist->presetInSlot(letter), true);
 }
 
 void FullPowerView::slotSendAllPresets()
 {
-    commitEditedBox();
+    slotCommitEditedBox();
     const Flow flow(this);
     showProgress({});
     endMultipleSelection();
-    sysexManager->slotSendDSPUpdatingStatus(false);
+    pauseMixer(true);
     for (int slot = 0; slot < slotCount && flow.isAlive(); ++slot)
         slotSendPreset(slot, setlist->presetInSlot(letterOf(slot)), slot == slotCount - 1);
+}
+
+// It holds still while slots are written.
+void FullPowerView::pauseMixer(bool paused)
+{
+    mixerPaused = paused;
+    sysexManager->slotSendDSPUpdatingStatus(!paused);
 }
 
 void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool recallCurrent)
@@ -131,7 +142,10 @@ void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool r
     }
     if (!recallCurrent)
         return;
-    sysexManager->slotSendDSPUpdatingStatus(true);
+    pauseMixer(false);
+    // The live state as it is, not as it was at its last save.
+    if (form.presetlist->currentRow() == 0)
+        presetInterface->slotSavePreset(0);
     if (form.presetlist->currentRow() >= 0)
         presetInterface->slotSendPreset(form.presetlist->currentRow());
     closeProgress();
@@ -142,14 +156,14 @@ bool FullPowerView::pauseAfterSlot(const Flow& flow)
 {
     auto* timer = new QTimer(this);
     timer->start(pauseMs);
-    if (flow.letEventsPass()) {
-        while (timer->isActive()) {
-            if (timer->remainingTime() < 1)
-                timer->stop();
-        }
-        timer->deleteLater();
+    const bool goesOn = flow.letEventsPass();
+    while (goesOn && timer->isActive()) {
+        if (timer->remainingTime() < 1)
+            timer->stop();
     }
-    return flow.letEventsPass();
+    timer->stop();
+    timer->deleteLater();
+    return goesOn && flow.letEventsPass();
 }
 
 // Receiving
@@ -180,6 +194,7 @@ void FullPowerView::giveUpReceiving()
     connectStoreSending();
     slotConnectToSysexPresetSending();
     closeProgress();
+    runWaitingSoon();
 }
 
 void FullPowerView::openReceiveAs(QChar letter)
@@ -203,7 +218,11 @@ void FullPowerView::slotAssessReceiveDecision()
             openReceiveAs(letter);
         return;
     }
-    if (!settingsStore->value(QStringLiteral("rememberReceiveDecision"), false).toBool()) {
+    const bool wantsNew = settingsStore->value(QStringLiteral("receiveDecision")).toString()
+        == QLatin1String("toNew");
+    // Where there is no room for what was remembered, nothing is overwritten unasked.
+    if (!settingsStore->value(QStringLiteral("rememberReceiveDecision"), false).toBool()
+        || (wantsNew && isFull)) {
         receivePresetForm.label->setText(QStringLiteral("RECEIVE SLOT %1").arg(letter));
         receivePresetForm.toSetlistSlot->setText(QStringLiteral("Copy into Slot %1").arg(letter));
         if (isFull)
@@ -215,8 +234,7 @@ void FullPowerView::slotAssessReceiveDecision()
                        : receivePresetForm.receive);
         return;
     }
-    if (settingsStore->value(QStringLiteral("receiveDecision")).toString() == QLatin1String("toNew")
-        && !isFull)
+    if (wantsNew)
         openReceiveAs(letter);
     else
         slotReceiveSinglePreset();
@@ -227,7 +245,7 @@ void FullPowerView::slotReceiveSinglePreset()
     if (sender() == nullptr || sender()->parent() == nullptr || sender()->objectName().isEmpty())
         return;
     presetReadyToReceive = false;
-    commitEditedBox();
+    slotCommitEditedBox();
     const QString parent = sender()->parent()->objectName();
     const bool fromDialog = parent == QLatin1String("receivePresetDialogForm");
     const bool fromNaming = parent == QLatin1String("receiveAsDialogForm");
@@ -244,6 +262,12 @@ void FullPowerView::slotReceiveSinglePreset()
         closeDialog(dialog);
     if (isNew && (!canReceiveNew() || typed.isEmpty()))
         return;
+    // The slot may have been given another name, or none, while the dialog was open.
+    if (!isNew && form.presetlist->rowOf(setlist->presetInSlot(letter)) < 0) {
+        if (canReceiveNew())
+            openReceiveAs(letter);
+        return;
+    }
     showProgress(QStringLiteral("Receiving slot %1 from the board...").arg(letter));
     slotDisconnectToSysexPresetSending();
     disconnectStoreSending();
@@ -295,8 +319,11 @@ void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
         runLater([this, slotNum, save] { slotReceiveSinglePresetComplete(slotNum, save); });
         return;
     }
-    const bool isAsked = slotNum == requestedSlot;
     const Flow flow(this);
+    if (!flow.isAlive())
+        return;
+    const bool isAsked = slotNum == requestedSlot;
+    const bool isReceiving = requestedSlot > 0;
     const int current = form.presetlist->currentRow();
     if (slotNum == 0)
         slotRecallPresetSilently(current);
@@ -309,7 +336,8 @@ void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
     if (isAsked)
         requestedSlot = -1;
     receivedSlotNumber = slotNum;
-    if (!receivingAllPresets)
+    // A box that is open for a send stays.
+    if (isReceiving && !receivingAllPresets)
         closeProgress();
     runWaitingSoon();
 }
@@ -317,7 +345,7 @@ void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
 void FullPowerView::slotReceiveAllPresets()
 {
     presetReadyToReceive = false;
-    commitEditedBox();
+    slotCommitEditedBox();
     endMultipleSelection();
     const QString prefix = receiveAllForm.prefix->text();
     closeDialog(receiveAllDialog);
@@ -335,9 +363,11 @@ void FullPowerView::slotReceiveAllPresets()
     receivingAllPresets = false;
     connectStoreSending();
     slotConnectToSysexPresetSending();
-    presetInterface->slotRecallPreset(presetInterface->slotGetNumPresetsInJson() - 1);
-    if (flow.isAlive())
-        closeProgress();
+    presetInterface->slotRecallPreset(form.presetlist->count() - 1);
+    if (!flow.isAlive())
+        return;
+    closeProgress();
+    runWaitingSoon();
 }
 
 bool FullPowerView::receiveSlotAsNew(const Flow& flow, int slot, const QString& prefix)

@@ -85,6 +85,8 @@ void FullPowerView::slotSyncOnConnectComplete()
     emit signalConnectGlobalSysex();
     if (!isFirst)
         return;
+    if (mixerPaused)
+        pauseMixer(false);
     if (isViewLinkingStored())
         slotEnableViewChanging(true);
     showAvailability();
@@ -97,7 +99,8 @@ void FullPowerView::slotSyncOnConnectComplete()
 void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
 {
     // The rest of a slot that is being received belongs to the preset that is current now.
-    const bool isReceiving = requestedSlot > 0 && !progressWidget->isHidden();
+    const bool isReceiving =
+        receivingAllPresets || (requestedSlot > 0 && !progressWidget->isHidden());
     if (isRecalling() || isReceiving) {
         runLater([this, presetLibraryNumber] { slotRecallPresetSilently(presetLibraryNumber); });
         return;

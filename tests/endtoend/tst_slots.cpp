@@ -435,10 +435,14 @@ private slots:
         QVERIFY(simulator->command("end-marker once"));
         if (unplugged) {
             QCOMPARE(window->width(), ViewManager::splashWidth);
+            QVERIFY(!window->fullPower()->isVisible());
             QVERIFY(plug());
             QVERIFY(arrived());
-            // What was broken off sends nothing any more.
-            QCOMPARE(simulator->count("^from host .* (preset|save to|request for slot|DSP)"), 0);
+            // What was broken off sends nothing any more, and leaves no mixer paused.
+            QCOMPARE(simulator->count("^from host .* (preset|save to|request for slot)"), 0);
+            simulator->mark();
+            QVERIFY(simulator->command("state"));
+            QCOMPARE(simulator->count("^dsp-updating yes"), 1);
         }
         if (unplugged || event == "restart")
             checkSynced();

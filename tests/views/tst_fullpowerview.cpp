@@ -70,7 +70,8 @@ private slots:
             QCOMPARE(desk.at(key)->styleSheet(), style); // a button's colour follows too
         }
         desk.click(ch1, Qt::ControlModifier);
-        QCOMPARE(desk.sent(), ch1 + "=8938"); // 0 dB
+        QTest::mouseDClick(desk.at(ch1), Qt::LeftButton, Qt::ControlModifier);
+        QCOMPARE(desk.sent(), ch1 + "=8938"); // 0 dB, and it stays there
     }
 
     // The mixer holds what each control happens to show at start, the preset another value.

@@ -114,6 +114,46 @@ private slots:
         QVERIFY(!desk.isOpen("progressDialogForm"));
         desk.moveOnce();
     }
+
+    void aChangeOfPresetWaitsForTheEndOfAReceiveAll()
+    {
+        Desk desk;
+        desk.start();
+        QString sent;
+        int slot = 0;
+        QTimer mixer;
+        connect(&mixer, &QTimer::timeout, [&] {
+            sent += ' ' + desk.sent();
+            if (sent.count(" 0a") == slot) // requests so far
+                return;
+            ++slot;
+            if (slot == 3)
+                desk.changePreset();
+            desk.slotEndMarker(slot);
+        });
+        mixer.start(0);
+        desk.click("receive_all");
+        desk.type("Gig");
+        desk.press("receiveAllDialogForm", "receive");
+        QTRY_COMPARE(desk.list->currentRow(), 0);
+        mixer.stop();
+        QCOMPARE(slot, 12);
+        sent += desk.sent();
+        QVERIFY2(sent.count(ch1) == 1, qPrintable(sent)); // the last preset's recall
+        desk.moveOnce();
+    }
+
+    void thePanelChecksNothingWhileTheViewIsAway()
+    {
+        Desk desk(libraryOf(fewNames), linked);
+        desk.start();
+        desk.unplug();
+        desk.hear("0505");
+        desk.start();
+        QVERIFY(!desk.button("reverbTabButton")->isChecked());
+        desk.click("reverbTabButton");
+        QVERIFY(!desk.button("channelStripTabButton")->isChecked());
+    }
 };
 
 QTEST_MAIN(TestLiveSync)

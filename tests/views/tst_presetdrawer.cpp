@@ -56,7 +56,9 @@ private slots:
         const struct {
             int currentThen;
             std::function<void(Desk&)> action;
+            int valueThen = 6740;
         } rows[]{
+            {2, [](Desk& desk) { desk.actions[2]->trigger(); }, 5200}, // pastes
             {3, [](Desk& desk) { desk.clickRow(3); }},
             {0, [](Desk& desk) { desk.changePreset(); }},
             {4, [](Desk& desk) { desk.actions[3]->trigger(); }}, // pastes to new
@@ -83,7 +85,7 @@ private slots:
             QCOMPARE(desk.list->currentRow(), row.currentThen);
             const QList<int> before{5000, 5100, 5200, 5300, 5200};
             for (int preset = 0; preset < desk.list->count(); ++preset)
-                QCOMPARE(desk.value(ch1, preset), preset == 2 ? 6740 : before.at(preset));
+                QCOMPARE(desk.value(ch1, preset), preset == 2 ? row.valueThen : before.at(preset));
         }
     }
 
@@ -122,6 +124,18 @@ private slots:
         }
     }
 
+    // A library from elsewhere may hold two of one name.
+    void theSecondOfANameIsDeleted()
+    {
+        Desk desk(libraryOf({syncName, "One", "One"}));
+        desk.start();
+        desk.clickRow(2);
+        desk.click("deletepreset");
+        desk.press("deleteDialogForm", "delete_2");
+        QCOMPARE(desk.rows(), (QStringList{syncName, "One"}));
+        QCOMPARE(desk.value(ch1, 1), 5100);
+    }
+
     void aSaveAfterADragGoesToTheRowShown()
     {
         Desk desk;
@@ -148,7 +162,9 @@ private slots:
             QStringList names{syncName};
             while (names.size() < size)
                 names << QString("P%1").arg(names.size());
-            Desk desk(libraryOf(names), {{"receiveDecision", "toNew"}}, {{"A", "P1"}});
+            Desk desk(libraryOf(names),
+                      {{"receiveDecision", "toNew"}, {"rememberReceiveDecision", size == 1000}},
+                      {{"A", "P1"}, {"B", "[DEFAULT]"}});
             desk.start();
             desk.actions[1]->trigger();
             const auto check = [&desk](bool one, bool twelve) {
@@ -160,7 +176,9 @@ private slots:
                 QCOMPARE(desk.at("receive_all")->toolTip().contains("no room"), !twelve);
             };
             check(size < 1000, size == 988);
+            QCOMPARE(desk.at("receiveB")->isEnabled(), size < 1000);
             desk.click("receiveA");
+            QVERIFY(desk.isOpen("receivePresetDialogForm")); // whatever is remembered
             QCOMPARE(desk.button("toSetlistSlot")->isChecked(), size == 1000);
             desk.type("\x1b");
             desk.clickRow(5);

@@ -27,7 +27,7 @@ QLabel* addRichLabel(QWidget* parent, const char* name, const QString& text, con
     return label;
 }
 
-void setupDialog(QWidget* dialog, const char* name, const QString& title)
+QLabel* setupDialog(QWidget* dialog, const char* name, const QString& title)
 {
     dialog->setObjectName(QLatin1String(name));
     dialog->setProperty("panel", QStringLiteral("dialog"));
@@ -37,6 +37,7 @@ void setupDialog(QWidget* dialog, const char* name, const QString& title)
         addLabel(dialog, "title", title, {0, 0, dialog->width(), margin + buttonHeight});
     heading->setProperty("panel", QStringLiteral("heading"));
     heading->setAlignment(Qt::AlignCenter);
+    return heading;
 }
 
 QPushButton* addButton(QWidget* dialog, const char* name, const QString& text, int place,

@@ -18,7 +18,7 @@ inline constexpr int buttonHeight = 28;
 inline constexpr int buttonWidth = 104;
 
 // The frame and the heading. The dialog takes the name of its form.
-void setupDialog(QWidget* dialog, const char* name, const QString& title);
+QLabel* setupDialog(QWidget* dialog, const char* name, const QString& title);
 
 QLabel* addLabel(QWidget* parent, const char* name, const QString& text, const QRect& place);
 QLabel* addRichLabel(QWidget* parent, const char* name, const QString& text, const QRect& place);

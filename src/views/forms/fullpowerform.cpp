@@ -101,6 +101,11 @@ void layChannel(QFrame* parent, const Channel& channel, const QRect& column)
 
 } // namespace
 
+QString FullPowerForm::receiveToolTip(QChar letter)
+{
+    return QStringLiteral("Fetch slot %1 from the mixer.").arg(letter);
+}
+
 void FullPowerForm::setupUi(QWidget* form)
 {
     form->setObjectName(QStringLiteral("fullPowerViewForm"));
@@ -286,8 +291,7 @@ void FullPowerForm::laySetlist()
                           {sendLeft, y, sendWidth, rowHeight}));
         receiveButtons.append(addToolButton(
             presetFrame, QStringLiteral("receive") + letter, QStringLiteral("RECEIVE"),
-            QStringLiteral("Setlist, receive slot %1").arg(letter),
-            QStringLiteral("Fetch slot %1 from the mixer.").arg(letter),
+            QStringLiteral("Setlist, receive slot %1").arg(letter), receiveToolTip(letter),
             {receiveLeft, y, receiveWidth, rowHeight}));
     }
 }

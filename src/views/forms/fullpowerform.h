@@ -51,6 +51,7 @@ struct FullPowerForm {
     QList<QToolButton*> receiveButtons{};
 
     void setupUi(QWidget* form);
+    static QString receiveToolTip(QChar letter);
 
 private:
     void layTabs(QWidget* form);

@@ -61,7 +61,8 @@ void ProgressDialogForm::setupUi(QWidget* dialog)
 
 void SaveAsDialogForm::setupUi(QWidget* dialog)
 {
-    setupDialog(dialog, "saveAsDialogForm", QStringLiteral("Save Preset As"));
+    QLabel* label = setupDialog(dialog, "saveAsDialogForm", QStringLiteral("Save Preset As"));
+    label->setObjectName(QStringLiteral("label"));
     name = addName(dialog, "name", QStringLiteral("Name of the new preset"), bodyTop - 2);
     save = addButton(dialog, "save", QStringLiteral("Save"), 0,
                      QStringLiteral("Keep the current state under this name."));
@@ -89,8 +90,7 @@ void DeleteDialogForm::setupUi(QWidget* dialog)
 
 void ReceivePresetDialogForm::setupUi(QWidget* dialog)
 {
-    setupDialog(dialog, "receivePresetDialogForm", {});
-    label = dialog->findChild<QLabel*>(QStringLiteral("title"));
+    label = setupDialog(dialog, "receivePresetDialogForm", {});
     label->setObjectName(QStringLiteral("label"));
     const int width = innerWidth(dialog);
     const auto addChoice = [dialog, width](const char* choice, const QString& text,
@@ -118,8 +118,7 @@ void ReceivePresetDialogForm::setupUi(QWidget* dialog)
 
 void ReceiveAsDialogForm::setupUi(QWidget* dialog)
 {
-    setupDialog(dialog, "receiveAsDialogForm", {});
-    label = dialog->findChild<QLabel*>(QStringLiteral("title"));
+    label = setupDialog(dialog, "receiveAsDialogForm", {});
     label->setObjectName(QStringLiteral("label"));
     name = addName(dialog, "name", QStringLiteral("Name of the new preset"), 64);
     receive = addButton(dialog, "receive", QStringLiteral("Receive"), 0,
@@ -142,7 +141,8 @@ void ReceiveAllDialogForm::setupUi(QWidget* dialog)
 
 void RenameDialogForm::setupUi(QWidget* dialog)
 {
-    setupDialog(dialog, "renameDialogForm", QStringLiteral("Rename Preset"));
+    QLabel* label = setupDialog(dialog, "renameDialogForm", QStringLiteral("Rename Preset"));
+    label->setObjectName(QStringLiteral("label"));
     name = addName(dialog, "name", QStringLiteral("New name of the preset"), bodyTop);
     rename = addButton(dialog, "rename", QStringLiteral("Rename"), 0,
                        QStringLiteral("Give the preset this name."));
