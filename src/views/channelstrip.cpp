@@ -220,11 +220,12 @@ void ChannelStrip::slotReceiveValuesfromAuxStrip(QString objName, int auxNum, in
     const QString ownPart = QStringLiteral("ch%1_").arg(channel());
     if (!objName.startsWith(ownPart))
         return;
+    const QString aux = QString::number(qint64{auxNum} + 1);
     const QString target =
-        QStringLiteral("aux%1_routing_%2").arg(auxNum + 1).arg(objName.sliced(ownPart.size()));
+        QStringLiteral("aux%1_routing_%2").arg(aux, objName.sliced(ownPart.size()));
     const Control* control = controlNamed(target);
     if (control == nullptr) {
-        qDebug() << "no control for" << objName << "of aux" << auxNum + 1;
+        qDebug() << "no control for" << objName << "of aux" << aux;
         return;
     }
     const WireCut cut(auxWire(*control));
