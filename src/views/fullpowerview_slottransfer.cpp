@@ -72,7 +72,8 @@ void FullPowerView::slotUpdateSendsAndReceives(bool enabled, QChar setlistLetter
     if (slot < 0 || slot >= form.sendButtons.size())
         return;
     form.sendButtons.at(slot)->setEnabled(enabled && isLive());
-    const bool hasTarget = !presetInterface->isFull()
+    // Of a slot that is off there is nothing to say.
+    const bool hasTarget = !enabled || !presetInterface->isFull()
         || form.presetlist->rowOf(setlist->presetInSlot(setlistLetter)) >= 0;
     // There is no mixer in a demo that could answer.
     form.receiveButtons.at(slot)->setEnabled(enabled && syncComplete && hasTarget);

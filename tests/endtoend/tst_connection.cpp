@@ -105,7 +105,8 @@ private slots:
         QVERIFY(becomes(full));
         // The process's first query waits for the timer, and so does each that repeats it where the
         // answer is slow.
-        QTRY_COMPARE(simulator->count(query), int(queryTimeouts->count()));
+        QTRY_COMPARE_WITH_TIMEOUT(simulator->count(query), int(queryTimeouts->count()),
+                                  SimulatorProcess::patienceMs);
 
         // At a reconnection it goes out at once.
         QVERIFY(simulator->command("unplug"));
@@ -114,7 +115,8 @@ private slots:
         queryTimeouts->clear();
         QVERIFY(simulator->command("plug"));
         QVERIFY(becomes(full));
-        QTRY_COMPARE(simulator->count(query), int(queryTimeouts->count()) + 1);
+        QTRY_COMPARE_WITH_TIMEOUT(simulator->count(query), int(queryTimeouts->count()) + 1,
+                                  SimulatorProcess::patienceMs);
     }
 
     void presentAtStart_firmwareMatches()
