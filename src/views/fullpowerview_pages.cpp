@@ -52,7 +52,7 @@ void FullPowerView::slotChangeTabViewFromSysex(int tabNum)
 {
     QPushButton* const tabs[]{form.surroundTabButton, form.channelStripTabButton,
                               form.reverbTabButton};
-    if (tabNum < 0 || tabNum >= static_cast<int>(std::size(tabs)))
+    if (tabNum < 0 || tabNum >= static_cast<int>(std::size(tabs)) || tabs[tabNum]->isHidden())
         return;
     // With the phones selected, the mixer would be sent back from its faders to the phones.
     const WireCut cut(tabs[tabNum] == form.channelStripTabButton ? modeWire() : Wire{});

@@ -194,11 +194,13 @@ void FullPowerView::slotDeselectMultiple()
     for (QPushButton* button : qAsConst(selectButtons)) {
         if (!button->isChecked() || button->objectName() == stays)
             continue;
-        // One that is only lit as a stereo partner has no links of its own.
-        if (selectedChannels().contains(button->objectName()))
+        if (selectedChannels().contains(button->objectName())) {
             button->setChecked(false);
-        else
+        } else {
+            // Only lit as a stereo partner: it has no links of its own, but its page may be shown.
             uncheckQuietly(button);
+            showChannelOf(stays);
+        }
     }
 }
 

@@ -174,7 +174,8 @@ private slots:
             {"usb", 4, ""},
             {"channelStrip", 1, "0500000000000d"},
             {"mains", 1, "05000000000000 06000000000009"},
-            {"0506", 0, ""},
+            {"reverb", 2, "05000000000005"},
+            {"0506", 2, ""}, // that page is not there
             {"0500", 1, ""},
             {"0505", 2, "05000000000005"},
         };
@@ -276,6 +277,25 @@ private slots:
             QCOMPARE(desk.shown(fader(1)), 5000 + 100 * preset);
             QCOMPARE(desk.shown(fader(2)), 6000 + 100 * preset);
         }
+    }
+
+    // Or an edit and a paste would go to the one that isn't lit.
+    void thePageAfterARecallIsThatOfTheChannelLit()
+    {
+        Desk desk;
+        desk.start();
+        desk.clickRow(1);
+        setPaired(desk, 1, 1);
+        click(desk, "1 S2");
+        QCOMPARE(pageShown(desk), "2");
+        desk.clickRow(2);
+        QCOMPARE(lit(desk), QStringList{"1"});
+        QCOMPARE(pageShown(desk), "1");
+        desk.actions[4]->trigger();
+        desk.clickRow(3);
+        desk.actions[5]->trigger();
+        QCOMPARE(desk.value(fader(1)), 5200);
+        QCOMPARE(desk.value(fader(2)), 6300);
     }
 
     void trimAndPasteConcernTheChannelShownOnly()
