@@ -5,6 +5,7 @@
 
 #include <QDebug>
 #include <QFrame>
+#include <QSignalBlocker>
 #include <QToolButton>
 
 namespace
@@ -268,6 +269,13 @@ void ChannelStrip::slotSetPhantom(int state)
         return;
     }
     phantom->setChecked(state != 0);
+}
+
+void ChannelStrip::showPhantom(int state)
+{
+    const QSignalBlocker quiet(phantom);
+    slotSetPhantom(state);
+    phantom->setStyleSheet(phantomStyle(phantom->isChecked()));
 }
 
 void ChannelStrip::setPhantomVoltButton(bool voltage)

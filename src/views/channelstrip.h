@@ -25,6 +25,10 @@ public:
     ChannelStrip(QWidget* page, int index, const ChannelSelection& selection, const Tables& tables);
 
     int partnerNumber() const { return partner; }
+    // Shows what the mixer or the globals hold. Nobody else hears of it.
+    void showPhantom(int state);
+    // Before the mixer's live state is there a press would reach nobody.
+    void setPhantomEnabled(bool enabled) { phantom->setEnabled(enabled); }
 
 public slots:
     // Other channels' names are passed over. Goes on to the channels selected after this one.
@@ -43,7 +47,7 @@ public slots:
     // From the partner.
     void slotGetStereoStateUpdate(bool enabled);
 
-    // The mixer's state: 0 off, anything else on.
+    // The mixer's state: 0 off, anything else on. Tells the mixer, as a press does.
     void slotSetPhantom(int state);
     void slotUpdatePhantomButton();
     // true: 48 V.

@@ -137,9 +137,9 @@ bool FullPowerView::slotInitializeFullPowerMode()
     if (!demoModeEnabled) {
         slotDisconnectToSysexPresetSending();
         emit signalDisconnectGlobalSysex();
-        phantomWire().disconnect();
         disconnectStoreSending();
     }
+    connectPhantom(demoModeEnabled);
     globalPresetInterface->slotRecallGlobal();
     selectRow(0);
     if (!isCurrent(entry))
@@ -237,10 +237,4 @@ void FullPowerView::slotTriggerSizeChangeToHidePresets()
     setFixedSize(widthWithoutPresets, heightInPixels);
     emit signalChangeWindowSize(widthWithoutPresets, heightInPixels);
     viewContainer->show();
-}
-
-void FullPowerView::slotSetPhantom(int channel, int state)
-{
-    qDebug() << "fullPower slotSetPhantom ch: " << channel << " state: " << state;
-    emit signalSetPhantom(channel, state);
 }

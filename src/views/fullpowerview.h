@@ -202,6 +202,10 @@ private slots:
     void slotStoreShownValue(QString name, QVariant value, int presetNum);
     void slotCheckShownState(int presetNum);
     void slotReceiveChoice();
+    // Of the global parameters those that the strips show.
+    void slotShowGlobals(QVariantMap globals);
+    void slotReceiveGlobalParams(QString name, int value);
+    void slotStorePhantom(QString name, int value);
 
 private:
     class Flow;
@@ -231,6 +235,8 @@ private:
     void connectStoreSending() const;
     void disconnectStoreSending() const;
     Wire phantomWire();
+    void connectPhantom(bool connected);
+    void showPhantom(const QString& key, int value);
     void layPresetZero(int entry);
 
     // Faders

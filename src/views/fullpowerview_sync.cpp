@@ -81,7 +81,7 @@ void FullPowerView::slotSyncOnConnectComplete()
     const bool isFirst = !std::exchange(syncComplete, true);
     presetInterface->slotSetSyncStatus(true);
     slotConnectToSysexPresetSending();
-    phantomWire().connect();
+    connectPhantom(true);
     emit signalConnectGlobalSysex();
     if (!isFirst)
         return;

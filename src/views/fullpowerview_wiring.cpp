@@ -5,6 +5,7 @@
 #include "channelstriptab.h"
 #include "copypastehandler.h"
 #include "fullpowerview.h"
+#include "globalpresetinterface.h"
 #include "mainsstrip.h"
 #include "phonesstrip.h"
 #include "presetinterface.h"
@@ -49,12 +50,6 @@ void FullPowerView::makeInterfaceWires()
     addSelectionWires();
 }
 
-Wire FullPowerView::phantomWire()
-{
-    return {channelStripTab, SIGNAL(signalSendGlobalParameter(QString, int)), sysexManager,
-            SLOT(slotSendGlobalParameters(QString, int))};
-}
-
 void FullPowerView::addPageWires()
 {
     const char* store = SIGNAL(signalStoreValue(QString, QVariant, int));
@@ -97,6 +92,14 @@ void FullPowerView::addPageWires()
         {reverbTabForm, SIGNAL(signal_reverb_level(int)), mains, SLOT(slot_reverb_level(int))},
         {mains, SIGNAL(signal_reverb_level(int)), reverbTabForm, SLOT(slot_reverb_level(int))},
         phantomWire(),
+        {channelStripTab, SIGNAL(signalSendGlobalParameter(QString, int)), this,
+         SLOT(slotStorePhantom(QString, int))},
+        {this, SIGNAL(signalStoreGlobal(QString, QVariant)), globalPresetInterface,
+         SLOT(slotStoreGlobal(QString, QVariant))},
+        {globalPresetInterface, SIGNAL(signalRecallGlobal(QVariantMap)), this,
+         SLOT(slotShowGlobals(QVariantMap))},
+        {sysexManager, SIGNAL(signalReceiveMainwindowGlobalParams(QString, int)), this,
+         SLOT(slotReceiveGlobalParams(QString, int))},
         {channelStripTab, SIGNAL(signalSetPhantom(int, int)), this, SLOT(slotSetPhantom(int, int))},
     };
 }

@@ -40,12 +40,11 @@ private slots:
         desk.plug();
         desk.versionReply();
         desk.sent();
-        const QString phantom = "channelstrip_ch1_phantom";
         const auto touchAll = [&] {
             desk.click("faderframe_ch3_select");
             desk.click("reverbTabButton");
             desk.click("faderframe_ch1_mute");
-            desk.set(phantom, !desk.shown(phantom));
+            desk.button("channelstrip_ch1_phantom")->click();
         };
         touchAll();
         for (const char* name : {"sendA", "receiveA", "send_all", "receive_all", "saveas"})
@@ -61,17 +60,46 @@ private slots:
         touchAll();
         QCOMPARE(desk.sent(),
                  "06000000000003 05000000000005 05000000000000 "
-                 "faderframe_ch1_mute=0 030601003e0000");
+                 "faderframe_ch1_mute=0 030601003e0001");
     }
 
-    // An echo could switch power.
-    void phantomPowerIsNoParameterOfAPreset()
+    // An echo could switch power. It is no parameter of a preset.
+    void phantomPowerShowsWhatIsThere()
     {
+        const QString one = "channelstrip_ch1_phantom";
+        const QString two = "channelstrip_ch2_phantom";
         Desk desk;
-        desk.start();
-        desk.hear("channelstrip_ch1_phantom", 1);
-        QVERIFY(!desk.shown("channelstrip_ch1_phantom"));
+        const auto held = [&desk](const QString& key) {
+            return desk.globals.document()["Global"].toMap()[key].toInt();
+        };
+        const auto says = [&desk](const QString& key) {
+            return QString("%1 %2").arg(desk.shown(key)).arg(desk.button(key)->text());
+        };
+        desk.globals.slotStoreGlobal("ch2_phantom", true);
+        desk.plug();
+        desk.versionReply();
+        QCOMPARE(says(one) + says(two), "0 48v1 48v");
+        desk.sent();
+        desk.button(two)->click(); // too early
+        QCOMPARE(says(two), "1 48v");
+        desk.endMarker();
+        desk.click("faderframe_ch2_select", Qt::ShiftModifier);
+        desk.hear("03060100"
+                  "3e0001");
+        desk.hear("03060000"
+                  "3f0000");
+        desk.hear(two, 0);
+        QCOMPARE(says(one) + says(two), "1 12v1 12v");
+        desk.hear("03060200"
+                  "3e0000");
+        QCOMPARE(says(one) + says(two), "1 12v0 12v");
+        QVERIFY(desk.at(one)->styleSheet().contains("rgb(255,0,0)"));
+        QCOMPARE(held("ch1_phantom") + 2 * held("ch2_phantom") + 4 * held("phantom_voltage"), 1);
         QCOMPARE(desk.sent(), QString());
+        desk.button(one)->click();
+        QVERIFY(desk.sent().contains("030601003e0000"));
+        QCOMPARE(held("ch1_phantom"), 0);
+        QVERIFY(desk.globals.globalSaveTimer->isActive());
     }
 
     void theFadersOfTheMixerStayShownThere()

@@ -111,8 +111,10 @@ public:
         QLoggingCategory::setFilterRules("default.debug=false");
         QDir::setCurrent(folder.path());
         QDir().mkpath("resources/presets");
-        for (const QString name : {"tables", "presets/Blank.jsumpreset", "presets/global.json"})
+        for (const QString name : {"tables", "presets/Blank.jsumpreset"})
             QFile::link(JSUM_SOURCE_DIR "/resources/" + name, "resources/" + name);
+        QFile::copy(JSUM_SOURCE_DIR "/resources/presets/global.json",
+                    "resources/presets/global.json");
         write("jsum.json", library);
         write("setlist.json", setlist);
         for (auto key = preferences.cbegin(); key != preferences.cend(); ++key)
