@@ -47,6 +47,15 @@ public:
     bool isDemoMode() const { return demoMode; }
     // While a recall lets events pass.
     bool isRecalling() const { return recalling; }
+    // Without stray keys and entries beyond the limit.
+    int presetCount() const;
+
+    // What differs from the saved state that slotSendPreset sends: after both the mixer holds the
+    // preset with its edits.
+    void sendUnsavedEdits(int presetNum);
+    // The live preset goes on from another's values, edits included, and keeps its name: the mixer
+    // went over to its own memory with that preset in it.
+    void goOnLiveFrom(int presetNum);
 
     // Whether the current preset can be pasted into, or a new one selected: it is there, what
     // changes can be shown and sent, and no recall is under way, whose parameters would go out
@@ -133,7 +142,6 @@ signals:
 
 private:
     QString pathOf(const QString& fileName) const;
-    int presetCount() const;
     int resolved(int presetNum) const { return presetNum == -1 ? currentPreset : presetNum; }
     bool contains(int presetNum) const;
     QVariantMap savedPreset(int presetNum) const;
@@ -147,6 +155,7 @@ private:
 
     // Shows the whole current preset and sends these of its parameters; without any, all.
     void showAndSend(const QStringList& keys);
+    bool show(int sync);
     void sendParameters(const QVariantMap& preset);
     void sendParameter(const QString& jsonName, const QVariant& value);
     void waitForMixer();
@@ -165,6 +174,8 @@ private:
     bool recalling = false;
     // Counts the ends of the sync: a recall whose mixer is gone stops.
     int syncNumber = 0;
+    // Counts the recalls: one during which a newer one ran sends nothing.
+    int recallNumber = 0;
     QVariantMap savedMapBeforeDemo;
     QVariantMap workingMapBeforeDemo;
     LibraryText libraryText;

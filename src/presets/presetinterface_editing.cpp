@@ -46,6 +46,17 @@ void PresetInterface::slotCheckSaveState(int presetNum)
     emit signalPresetDirty(checked, dirty);
 }
 
+void PresetInterface::goOnLiveFrom(int presetNum)
+{
+    QVariantMap* const live = presetIn(workingMap, 0);
+    if (live == nullptr || presetNum == 0 || !contains(presetNum))
+        return;
+    const QVariant name = live->value(presetNameKey());
+    *live = workingPreset(presetNum);
+    live->insert(presetNameKey(), name);
+    slotCheckSaveState(0);
+}
+
 void PresetInterface::copyToSaved(int presetNum)
 {
     if (QVariantMap* const preset = presetIn(savedMap, presetNum))

@@ -4,7 +4,10 @@
 #include "storedvalue.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QScopedValueRollback>
+
+#include <utility>
 
 namespace
 {
@@ -31,26 +34,46 @@ void PresetInterface::slotRecallPresetActions() { showAndSend({}); }
 
 void PresetInterface::showAndSend(const QStringList& keys)
 {
+    const bool isInner = recalling;
     const QScopedValueRollback<bool> underWay(recalling, true);
-    emit signalDisconnectFromSysexSending(); // moving controls must not send
-    emit signalPresetListEnabled(false);
-    // What events bring in below may make another preset current; this recall stays with its own.
-    const int presetNum = currentPreset;
     const int sync = syncNumber;
-    emit signalRecallPreset(workingPreset(presetNum));
-    QCoreApplication::processEvents();
-    if (sync != syncNumber)
+    int number = ++recallNumber;
+    const int presetNum = currentPreset;
+    if (!show(sync))
         return;
-    // Sent as it stands now: a change that came in just then must not be undone.
-    const QStringList sent = keys.isEmpty() ? workingPreset(presetNum).keys() : keys;
-    for (const QString& key : sent)
-        sendParameter(key, workingPreset(presetNum).value(key));
+    if (number == recallNumber) {
+        // Sent as it stands now: a change that came in just then must not be undone.
+        const QStringList sent = keys.isEmpty() ? workingPreset(presetNum).keys() : keys;
+        for (const QString& key : sent)
+            sendParameter(key, workingPreset(presetNum).value(key));
+    }
+    // A newer recall that came in between has sent its preset already, but this one may have laid
+    // its own over it on some of the pages.
+    while (std::exchange(number, recallNumber) != recallNumber) {
+        if (!show(sync))
+            return;
+    }
+    // The outer one goes on laying its preset on the pages.
+    if (isInner)
+        return;
     emit signalConnectToSysexSending();
     emit signalPresetListEnabled(true);
     slotCheckSaveState(-1);
     // It may have been pasted into.
     if (currentPreset != presetNum)
         slotCheckSaveState(presetNum);
+}
+
+// Lays the current preset on the controls, which must not send meanwhile, and lets events pass, but
+// no clicks and keys: what the user does next belongs to what the recall leaves. False if the
+// mixer went.
+bool PresetInterface::show(int sync)
+{
+    emit signalDisconnectFromSysexSending();
+    emit signalPresetListEnabled(false);
+    emit signalRecallPreset(workingPreset(currentPreset));
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return sync == syncNumber;
 }
 
 void PresetInterface::slotSendPreset(int presetLibraryNum)
@@ -66,6 +89,20 @@ void PresetInterface::slotSendPreset(int presetLibraryNum)
     slotCheckSaveState(presetLibraryNum);
     emit signalStereoUpdatingStatus(true);
     emit signalPresetListEnabled(true);
+}
+
+void PresetInterface::sendUnsavedEdits(int presetNum)
+{
+    const QVariantMap saved = savedPreset(presetNum);
+    const QVariantMap working = workingPreset(presetNum);
+    if (working.isSharedWith(saved))
+        return;
+    emit signalStereoUpdatingStatus(false);
+    for (auto value = working.cbegin(); value != working.cend(); ++value) {
+        if (saved.value(value.key()) != value.value())
+            sendParameter(value.key(), value.value());
+    }
+    emit signalStereoUpdatingStatus(true);
 }
 
 void PresetInterface::sendParameters(const QVariantMap& preset)

@@ -70,11 +70,14 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
     phonesDisplayTable = reader.readDoubleTable(QStringLiteral("phonesDisplayTable.txt"));
     phonesSysexSendTable = reader.readIntTable(QStringLiteral("phonesSysexSendTable.txt"));
 
-    form.deletepreset->setEnabled(presetInterface->slotGetNumPresetsInJson() >= 2);
+    form.deletepreset->setEnabled(presetInterface->presetCount() >= 2);
     setlist->slotInitComponents(form.setlistMenus);
     connect(form.presetlist, SIGNAL(signalNewPresetList()), this, SIGNAL(signalNewPresetList()));
     slotInitSpinboxTextColor(dimText);
     makeInterfaceWires();
+    // Also when a delete has ended the mode that it began in: the name must not stay in the file.
+    connect(presetInterface, SIGNAL(signalPopulateSetlistMenusAfterDelete()),
+            SLOT(slotPopulateSetlistMenusAfterDelete()));
 }
 
 FullPowerView::~FullPowerView() = default;
@@ -195,6 +198,7 @@ void FullPowerView::restFlows()
     presetReadyToReceive = false;
     waitingForSilentRecall = false;
     requestedSlot = -1;
+    freshSlotEnds = 0;
     waitingActions.clear();
 }
 

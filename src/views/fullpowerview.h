@@ -209,6 +209,18 @@ private slots:
 
 private:
     class Flow;
+    // What can wait for the end of a recall, one of a kind: a newer one takes an older one's place,
+    // so that a mixer that talks without end fills no list.
+    enum class Waiting { SyncComplete, PresetChange, SlotEnd, AskedSlotEnd, Transfer };
+    struct WaitingAction {
+        Waiting kind;
+        std::function<void()> action;
+    };
+    struct ReceiveRequest {
+        QChar letter;
+        bool isNew = false;
+        QString typedName{};
+    };
     struct FaderControl {
         QWidget* widget = nullptr;
         bool isFader = false;
@@ -290,13 +302,17 @@ private:
     int shownPreset(int presetNum) const { return presetNum == -1 && !isLive() ? 0 : presetNum; }
     // Events inside a recall bring what must wait until it has ended.
     bool isRecalling() const;
-    void runLater(const std::function<void()>& action);
+    void runLater(Waiting kind, const std::function<void()>& action);
     void runWaiting();
     void runWaitingSoon();
     void showProgress(const QString& text);
     void closeProgress();
     void lockInput(bool lock);
     void requestSlot(int slotNum, bool save);
+    void sendSlot(QChar letter);
+    void receiveSlot(const ReceiveRequest& request);
+    void receiveAll(const QString& prefix);
+    void takeSlotEnd(int slotNum, bool save);
     void openReceiveAs(QChar letter);
     bool canReceiveNew() const;
     void giveUpReceiving();
@@ -373,12 +389,14 @@ private:
     bool liveMemoryAsked = false;
     bool syncComplete = false;
     bool inputLocked = false;
-    QList<std::function<void()>> waitingActions;
+    QList<WaitingAction> waitingActions;
 
     bool presetReadyToReceive = false;
     bool waitingForSilentRecall = false;
     bool receivingAllPresets = false;
     int receivedSlotNumber = 0;
+    // Slot ends that nobody asked for, recalled just now.
+    int freshSlotEnds = 0;
     // The slot whose end marker may ask for a save.
     int requestedSlot = -1;
     // A send that was broken off leaves it so.
@@ -387,7 +405,7 @@ private:
     // By name.
     QStringList dirtyPresets;
     bool dirtyPresetInSetlist = false;
-    // Which preset the open rename or delete dialog is about.
+    // Which preset the open save-as, rename or delete dialog is about.
     QString dialogPreset;
     int dialogRow = -1;
 };

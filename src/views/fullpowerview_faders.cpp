@@ -185,6 +185,10 @@ void FullPowerView::slotRecallPresets(QVariantMap preset)
 {
     slotDisconnectElements();
     endMultipleSelection();
+    // Each page lets events pass before its recall: what the mixer sends then for one that is not
+    // laid yet would be stored, and be overwritten on the screen alone.
+    for (ParameterPage* page : parameterPages())
+        page->slotDisconnectElements();
     for (const FaderControl& control : qAsConst(faderControls)) {
         const QString name = control.widget->objectName();
         const int value = storedInt(preset.value(name), name);

@@ -98,7 +98,7 @@ QString FullPowerView::libraryLimit()
 void FullPowerView::showAvailability()
 {
     const bool hasMixer = syncComplete && !demoModeEnabled;
-    const int count = presetInterface->slotGetNumPresetsInJson();
+    const int count = presetInterface->presetCount();
     const bool isFull = presetInterface->isFull();
     const bool hasRoomForAll = count + presetsOfReceiveAll <= PresetInterface::maxPresets;
     const QString limit = libraryLimit();
@@ -222,7 +222,15 @@ void FullPowerView::slotHideLiveMemoryHelpIcon(bool hide)
 
 // Dialogs
 
-void FullPowerView::slotOpenSaveAs() { openDialog(saveAsDialog, saveAsForm.name); }
+void FullPowerView::slotOpenSaveAs()
+{
+    const QListWidgetItem* item = form.presetlist->currentItem();
+    if (item == nullptr)
+        return;
+    dialogPreset = item->text();
+    dialogRow = form.presetlist->currentRow();
+    openDialog(saveAsDialog, saveAsForm.name);
+}
 
 void FullPowerView::slotOpenReceiveAll() { openDialog(receiveAllDialog, receiveAllForm.prefix); }
 
@@ -245,14 +253,21 @@ void FullPowerView::slotSaveAs()
         return;
     const QString name = presetInterface->slotAppendSuffixToNewPresetName(saveAsForm.name->text());
     closeDialog(saveAsDialog);
+    const int row = rowOf(dialogPreset, dialogRow);
+    if (row < 0) {
+        qDebug() << "save as: there is no preset" << dialogPreset;
+        return;
+    }
+    // The mixer may have selected another meanwhile.
+    presetInterface->slotSetCurrentPreset(row);
     emit signalSaveAs(name, false, false);
-    if (presetInterface->slotGetNumPresetsInJson() > 1 && !demoModeEnabled)
+    if (presetInterface->presetCount() > 1 && !demoModeEnabled)
         form.deletepreset->setEnabled(true);
 }
 
 void FullPowerView::slotDeletePreset()
 {
-    if (presetInterface->slotGetNumPresetsInJson() < 2) {
+    if (presetInterface->presetCount() < 2) {
         qDebug() << "you can't delete the last preset";
         return;
     }

@@ -88,9 +88,17 @@ void FullPowerView::slotSendSinglePreset()
     constexpr int letterPlace = 4;
     if (sender() == nullptr || sender()->objectName().size() <= letterPlace)
         return;
-    const QChar letter = sender()->objectName().at(letterPlace);
+    sendSlot(sender()->objectName().at(letterPlace));
+}
+
+void FullPowerView::sendSlot(QChar letter)
+{
+    // Of a preset that the mixer selects by itself no parameter would go out.
+    if (isRecalling()) {
+        runLater(Waiting::Transfer, [this, letter] { sendSlot(letter); });
+        return;
+    }
     slotCommitEditedBox();
-    const Flow flow(this);
     showProgress({});
     endMultipleSelection();
     pauseMixer(true);
@@ -99,6 +107,10 @@ void FullPowerView::slotSendSinglePreset()
 
 void FullPowerView::slotSendAllPresets()
 {
+    if (isRecalling()) {
+        runLater(Waiting::Transfer, [this] { slotSendAllPresets(); });
+        return;
+    }
     slotCommitEditedBox();
     const Flow flow(this);
     showProgress({});
@@ -123,7 +135,7 @@ void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool r
     const bool isSent = presetName == factory || (row >= 0 && presetName != off);
     const QString progress =
         QStringLiteral("Sending slot %1 to the board...").arg(letterOf(setlistNumber));
-    // Said before already: the parameters go out without a look at the screen.
+    // Before events pass: they paint it, and while the parameters go out nothing is painted.
     if (isSent)
         progressForm.found->setText(progress);
     if (!flow.letEventsPass())
@@ -147,8 +159,10 @@ void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool r
     // The live state as it is, not as it was at its last save.
     if (form.presetlist->currentRow() == 0)
         presetInterface->slotSavePreset(0);
-    if (form.presetlist->currentRow() >= 0)
-        presetInterface->slotSendPreset(form.presetlist->currentRow());
+    if (const int current = form.presetlist->currentRow(); current >= 0) {
+        presetInterface->slotSendPreset(current);
+        presetInterface->sendUnsavedEdits(current);
+    }
     closeProgress();
 }
 
@@ -245,8 +259,6 @@ void FullPowerView::slotReceiveSinglePreset()
 {
     if (sender() == nullptr || sender()->parent() == nullptr || sender()->objectName().isEmpty())
         return;
-    presetReadyToReceive = false;
-    slotCommitEditedBox();
     const QString parent = sender()->parent()->objectName();
     const bool fromDialog = parent == QLatin1String("receivePresetDialogForm");
     const bool fromNaming = parent == QLatin1String("receiveAsDialogForm");
@@ -255,12 +267,22 @@ void FullPowerView::slotReceiveSinglePreset()
     const QString letterSource = fromDialog || fromNaming ? label->text() : sender()->objectName();
     if (letterSource.isEmpty())
         return;
-    const QChar letter = letterSource.back();
-    const QString typed = fromNaming ? receiveAsForm.name->text() : receivePresetForm.name->text();
+    receiveSlot({letterSource.back(), isNew,
+                 fromNaming ? receiveAsForm.name->text() : receivePresetForm.name->text()});
+}
 
-    const Flow flow(this);
+void FullPowerView::receiveSlot(const ReceiveRequest& request)
+{
     for (QWidget* dialog : {receivePresetDialog, receiveAsDialog})
         closeDialog(dialog);
+    if (isRecalling()) {
+        runLater(Waiting::Transfer, [this, request] { receiveSlot(request); });
+        return;
+    }
+    const auto [letter, isNew, typed] = request;
+    presetReadyToReceive = false;
+    slotCommitEditedBox();
+    const Flow flow(this);
     if (isNew && (!canReceiveNew() || typed.isEmpty()))
         return;
     // The slot may have been given another name, or none, while the dialog was open.
@@ -284,9 +306,9 @@ void FullPowerView::receiveNew(const Flow& flow, QChar letter, const QString& na
     qDebug() << "make a new preset from the parameters obtained from board slot" << letter
              << "named" << name;
     const int previous = presetInterface->currentPresetNumber();
-    const int count = presetInterface->slotGetNumPresetsInJson();
+    const int count = presetInterface->presetCount();
     emit signalSaveAs(name, true, false);
-    if (flow.isAlive() && presetInterface->slotGetNumPresetsInJson() == count) {
+    if (flow.isAlive() && presetInterface->presetCount() == count) {
         giveUpReceiving();
         return;
     }
@@ -294,7 +316,7 @@ void FullPowerView::receiveNew(const Flow& flow, QChar letter, const QString& na
         return;
     presetReadyToReceive = false;
     presetInterface->slotCheckSaveState(previous);
-    if (presetInterface->slotGetNumPresetsInJson() > 1)
+    if (presetInterface->presetCount() > 1)
         form.deletepreset->setEnabled(true);
     form.setlistMenus.at(slotNumberOf(letter) - 1)->setCurrentText(name);
     connectStoreSending();
@@ -316,10 +338,19 @@ void FullPowerView::receiveInto(const Flow& flow, QChar letter, const QString& n
 
 void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
 {
-    if (isRecalling()) {
-        runLater([this, slotNum, save] { slotReceiveSinglePresetComplete(slotNum, save); });
+    const bool isAsked = slotNum == requestedSlot;
+    // Each of those that nobody asked for is followed by a whole recall. What is in the queue when
+    // one has ended came meanwhile, and all of it gets one more.
+    if (isRecalling() || (!isAsked && freshSlotEnds > 0)) {
+        runLater(isAsked ? Waiting::AskedSlotEnd : Waiting::SlotEnd,
+                 [this, slotNum, save] { takeSlotEnd(slotNum, save); });
         return;
     }
+    takeSlotEnd(slotNum, save);
+}
+
+void FullPowerView::takeSlotEnd(int slotNum, bool save)
+{
     const Flow flow(this);
     if (!flow.isAlive())
         return;
@@ -341,17 +372,37 @@ void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
     if (isReceiving && !receivingAllPresets)
         closeProgress();
     runWaitingSoon();
+    if (isAsked)
+        return;
+    // Behind all that is in the queue by now.
+    ++freshSlotEnds;
+    const auto rest = [this, flow] {
+        if (!flow.isAlive())
+            return;
+        --freshSlotEnds;
+        runWaiting();
+    };
+    QMetaObject::invokeMethod(this, rest, Qt::QueuedConnection);
 }
 
 void FullPowerView::slotReceiveAllPresets()
 {
+    const QString prefix = receiveAllForm.prefix->text();
+    closeDialog(receiveAllDialog);
+    receiveAll(prefix);
+}
+
+void FullPowerView::receiveAll(const QString& prefix)
+{
+    if (isRecalling()) {
+        runLater(Waiting::Transfer, [this, prefix] { receiveAll(prefix); });
+        return;
+    }
     presetReadyToReceive = false;
     slotCommitEditedBox();
     endMultipleSelection();
-    const QString prefix = receiveAllForm.prefix->text();
-    closeDialog(receiveAllDialog);
     if (prefix.isEmpty() || !canReceiveNew()
-        || presetInterface->slotGetNumPresetsInJson() + slotCount > PresetInterface::maxPresets)
+        || presetInterface->presetCount() + slotCount > PresetInterface::maxPresets)
         return;
     const Flow flow(this);
     slotDisconnectToSysexPresetSending();
@@ -381,16 +432,16 @@ bool FullPowerView::receiveSlotAsNew(const Flow& flow, int slot, const QString& 
         return false;
     progressForm.found->setText(QStringLiteral("Receiving slot %1 from the board...").arg(letter));
     receivingAllPresets = true;
-    const int count = presetInterface->slotGetNumPresetsInJson();
+    const int count = presetInterface->presetCount();
     emit signalSaveAs(name, true, true);
-    if (flow.isAlive() && presetInterface->slotGetNumPresetsInJson() == count) {
+    if (flow.isAlive() && presetInterface->presetCount() == count) {
         giveUpReceiving();
         return false;
     }
     if (!flow.waitUntil([this] { return presetReadyToReceive; }))
         return false;
     presetReadyToReceive = false;
-    if (presetInterface->slotGetNumPresetsInJson() > 1)
+    if (presetInterface->presetCount() > 1)
         form.deletepreset->setEnabled(true);
     form.setlistMenus.at(slot - 1)->setCurrentText(name);
     requestSlot(slot, true);

@@ -14,7 +14,11 @@
 
 bool FullPowerView::isRecalling() const { return entering || presetInterface->isRecalling(); }
 
-void FullPowerView::runLater(const std::function<void()>& action) { waitingActions.append(action); }
+void FullPowerView::runLater(Waiting kind, const std::function<void()>& action)
+{
+    waitingActions.removeIf([kind](const WaitingAction& waiting) { return waiting.kind == kind; });
+    waitingActions.append({kind, action});
+}
 
 void FullPowerView::runWaiting()
 {
@@ -23,9 +27,9 @@ void FullPowerView::runWaiting()
     const int entry = modeEntry;
     // Those that must wait on line up again.
     const auto actions = std::exchange(waitingActions, {});
-    for (const std::function<void()>& action : actions)
+    for (const WaitingAction& waiting : actions)
         if (isCurrent(entry))
-            action();
+            waiting.action();
 }
 
 void FullPowerView::runWaitingSoon()
@@ -75,7 +79,7 @@ void FullPowerView::slotSyncOnConnectComplete()
         return;
     }
     if (isRecalling()) {
-        runLater([this] { slotSyncOnConnectComplete(); });
+        runLater(Waiting::SyncComplete, [this] { slotSyncOnConnectComplete(); });
         return;
     }
     const bool isFirst = !std::exchange(syncComplete, true);
@@ -102,7 +106,8 @@ void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
     const bool isReceiving =
         receivingAllPresets || (requestedSlot > 0 && !progressWidget->isHidden());
     if (isRecalling() || isReceiving) {
-        runLater([this, presetLibraryNumber] { slotRecallPresetSilently(presetLibraryNumber); });
+        runLater(Waiting::PresetChange,
+                 [this, presetLibraryNumber] { slotRecallPresetSilently(presetLibraryNumber); });
         return;
     }
     if (form.presetlist->currentRow() == presetLibraryNumber)
@@ -114,7 +119,11 @@ void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
     qDebug() << "Recall Preset Silently on preset change action from the board"
              << presetLibraryNumber;
     endMultipleSelection();
+    slotCommitEditedBox();
     const Flow flow(this);
+    // The controls stay, so what they show is the live memory now. The mixer tells what differs.
+    if (isLive() && presetLibraryNumber == 0)
+        presetInterface->goOnLiveFrom(presetInterface->currentPresetNumber());
     // Not so before the sync is complete.
     const bool wasSending = presetSendWireConnected;
     slotDisconnectToSysexPresetSending();

@@ -143,8 +143,6 @@ void FullPowerView::addPresetWires()
          SLOT(slotSetPresetListWidgetEnableState(bool))},
         {presetInterface, SIGNAL(signalPopulateSetlistMenus(ReorderableListWidget*)), setlist,
          SLOT(slotPopulateSetlistMenus(ReorderableListWidget*))},
-        {presetInterface, SIGNAL(signalPopulateSetlistMenusAfterDelete()), this,
-         SLOT(slotPopulateSetlistMenusAfterDelete())},
         {setlist, SIGNAL(signalGetPresetList()), this, SLOT(slotPopulateSetlistMenus())},
         {setlist, SIGNAL(signalUpdateSendsAndReceives(bool, QChar)), this,
          SLOT(slotUpdateSendsAndReceives(bool, QChar))},

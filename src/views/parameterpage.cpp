@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QEventLoop>
 #include <QPointer>
 #include <QToolButton>
 
@@ -127,7 +128,7 @@ void ParameterPage::slotRecallPreset(QVariantMap preset)
     slotDisconnectElements();
     const QPointer<ParameterPage> alive(this);
     const int number = ++recallNumber;
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     // The page may be gone, and a newer recall may have come in between.
     if (!alive || number != recallNumber)
         return;

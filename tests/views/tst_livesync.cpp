@@ -171,6 +171,107 @@ private slots:
         desk.moveOnce();
     }
 
+    // From one mixer message to many recalls is a flood.
+    void manySlotEndsThatNobodyAskedForAreOneMoreRecall()
+    {
+        Desk desk;
+        desk.start();
+        desk.clickRow(1);
+        desk.sent();
+        for (int end = 0; end < 20; ++end)
+            QMetaObject::invokeMethod(
+                &desk, [&] { desk.slotEndMarker(1 + end % 12); }, Qt::QueuedConnection);
+        QTest::qWait(200);
+        QCOMPARE(desk.sent(), recallOf(1) + ' ' + recallOf(1));
+        desk.slotEndMarker(3); // and it listens again
+        QCOMPARE(desk.sent(), recallOf(1));
+    }
+
+    // Whatever comes at whatever moment of a recall: in the end screen, store and mixer agree.
+    void inTheMidstOfARecallAllStayTogether_data()
+    {
+        QTest::addColumn<bool>("silently");
+        for (const char* what : {"a value", "a recall", "a send", "a value and a send"}) {
+            QTest::addRow("%s", what) << false;
+            QTest::addRow("%s, the mixer's own recall", what) << true;
+        }
+    }
+    void inTheMidstOfARecallAllStayTogether()
+    {
+        QFETCH(bool, silently);
+        const QString what = QString(QTest::currentDataTag()).section(',', 0, 0);
+        if (what == "a recall" && silently)
+            QSKIP("the user can't, and the mixer's waits");
+        const QString decay = "reverbtab_decay_time"; // of the last page
+        QVariantMap library = libraryOf(fewNames);
+        for (QVariant& preset : library) {
+            QVariantMap more = preset.toMap();
+            more[decay] = 1000 + more[ch1].toInt() % 1000;
+            preset = more;
+        }
+        for (int moment = 1; moment <= (silently ? 1 : 12); moment += 5) {
+            Desk desk(library);
+            desk.start();
+            desk.clickRow(2);
+            desk.set(ch1, 5678);
+            desk.sent();
+            const Meanwhile meanwhile(moment, [&] {
+                QVERIFY(desk.presets.isRecalling());
+                if (what.startsWith("a value"))
+                    for (const QString& key : {ch2, gain, decay})
+                        desk.hear(key, 9000);
+                if (what == "a recall")
+                    desk.list->setCurrentRow(3);
+                if (what.endsWith("a send"))
+                    desk.click("sendA");
+            });
+            if (silently)
+                desk.changePreset();
+            else
+                desk.list->setCurrentRow(1);
+            QString sent = desk.sent();
+            // A slot never gets what the live memory happens to hold.
+            if (what.endsWith("a send")) {
+                QTRY_VERIFY((sent += ' ' + desk.sent()).contains("09000000000000"));
+                QVERIFY2(sent.contains(QRegularExpression(decay + "=\\d+ 09")), qPrintable(sent));
+                QTRY_VERIFY(!desk.isOpen("progressDialogForm"));
+            }
+            QCoreApplication::processEvents();
+            QCOMPARE(desk.apart({ch1, ch2, gain, decay}), QStringList());
+            desk.moveOnce();
+        }
+    }
+
+    void clicksInAQuickDoubleRecallFollowIt()
+    {
+        const QString mute = "faderframe_ch5_mute";
+        Desk desk;
+        desk.start();
+        desk.sent();
+        desk.postRow(2);
+        const Meanwhile second(3, [&] { desk.postRow(3); });
+        const Meanwhile third(8, [&] { desk.post(desk.at(mute), {5, 5}); });
+        QTRY_COMPARE(desk.list->currentRow(), 3);
+        QTRY_COMPARE(desk.value(mute, 3), 1);
+        QCOMPARE(desk.apart({ch1, ch2, gain, mute}), QStringList());
+        QCOMPARE(desk.sent(), recallOf(2) + ' ' + recallOf(3) + ' ' + mute + "=1");
+        QCOMPARE(desk.preset(2), smallPreset("Two", 2));
+    }
+
+    // The closing send puts the saved state into the mixer.
+    void aSlotThatIsSentLeavesUnsavedEditsOnTheMixer()
+    {
+        Desk desk(libraryOf(fewNames), {}, {{"A", "One"}});
+        desk.start();
+        desk.clickRow(2);
+        desk.set(ch1, 5678);
+        desk.sent();
+        desk.click("sendA");
+        QCOMPARE(desk.apart(), QStringList());
+        QVERIFY(desk.sent().endsWith(recallOf(2) + ' ' + ch1 + "=5678"));
+        QCOMPARE(desk.rows().at(2), "Two*");
+    }
+
     void thePanelChecksNothingWhileTheViewIsAway()
     {
         Desk desk(libraryOf(fewNames), linked);

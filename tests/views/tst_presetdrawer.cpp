@@ -57,11 +57,12 @@ private slots:
             int currentThen;
             std::function<void(Desk&)> action;
             int valueThen = 6740;
+            int liveThen = 5000;
         } rows[]{
             {2, [](Desk& desk) { desk.actions[2]->trigger(); }, 5200}, // pastes
             {3, [](Desk& desk) { desk.clickRow(3); }},
-            {0, [](Desk& desk) { desk.changePreset(); }},
-            {4, [](Desk& desk) { desk.actions[3]->trigger(); }}, // pastes to new
+            {0, [](Desk& desk) { desk.changePreset(); }, 6740, 6740}, // goes on from what is shown
+            {4, [](Desk& desk) { desk.actions[3]->trigger(); }},      // pastes to new
             {1,
              [](Desk& desk) {
                  desk.click("receiveA");
@@ -83,13 +84,13 @@ private slots:
             desk.type("-10");
             row.action(desk);
             QCOMPARE(desk.list->currentRow(), row.currentThen);
-            const QList<int> before{5000, 5100, 5200, 5300, 5200};
+            const QList<int> before{row.liveThen, 5100, 5200, 5300, 5200};
             for (int preset = 0; preset < desk.list->count(); ++preset)
                 QCOMPARE(desk.value(ch1, preset), preset == 2 ? row.valueThen : before.at(preset));
         }
     }
 
-    void renameAndDeleteMeanTheirPreset()
+    void saveAsRenameAndDeleteMeanTheirPreset()
     {
         for (const bool mixerChangesPreset : {false, true}) {
             Desk desk(libraryOf(fewNames), {}, {{"A", "Two"}, {"C", "Gone"}});
@@ -117,11 +118,34 @@ private slots:
             desk.moveOnce();
             QCOMPARE(desk.value(ch1, 1), 5100);
 
+            desk.clickRow(2);
+            desk.click("saveas");
+            if (mixerChangesPreset)
+                desk.changePreset();
+            desk.type("New\r");
+            QCOMPARE(desk.rows(), (QStringList{syncName, "One", "Three copy1", "New"}));
+            QCOMPARE(desk.value(ch1, 3), 5555);
+            QCOMPARE(desk.value(ch1, 2), 5200); // the edits live in the new one
+            QCOMPARE(desk.apart(), QStringList());
+
             // Which can be neither renamed nor deleted.
+            desk.clickRow(0);
             desk.view->slotCheckToAllowRename(desk.list->item(0));
             desk.view->slotDeletePreset();
-            QVERIFY(!desk.isSheetOpen() && desk.list->count() == 3);
+            QVERIFY(!desk.isSheetOpen() && desk.list->count() == 4);
         }
+    }
+
+    void aDeleteThatAnUnplugCutsShortLeavesNoName()
+    {
+        Desk desk;
+        desk.start();
+        desk.clickRow(1);
+        desk.click("deletepreset");
+        const Meanwhile meanwhile(2, [&] { desk.unplug(); });
+        desk.press("deleteDialogForm", "delete_2");
+        QCOMPARE(desk.list->isEnabled(), false); // cut short
+        QCOMPARE(Desk::file("setlist.json")["A"].toString(), "[OFF]");
     }
 
     // A library from elsewhere may hold two of one name.
@@ -162,7 +186,9 @@ private slots:
             QStringList names{syncName};
             while (names.size() < size)
                 names << QString("P%1").arg(names.size());
-            Desk desk(libraryOf(names),
+            QVariantMap library = libraryOf(names);
+            library["MyPreset"] = smallPreset("no preset", 0);
+            Desk desk(library,
                       {{"receiveDecision", "toNew"}, {"rememberReceiveDecision", size == 1000}},
                       {{"A", "P1"}, {"B", "[DEFAULT]"}});
             desk.start();

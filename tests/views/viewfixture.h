@@ -24,9 +24,11 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QToolButton>
+#include <QWindow>
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 inline const QString syncName = QStringLiteral("[CONNECTION SYNC]");
 inline const QStringList fewNames{syncName, "One", "Two", "Three"};
@@ -92,6 +94,24 @@ class Desk : public QMainWindow
 
     QTemporaryDir folder;
     mutable QHash<QString, QWidget*> found; // a search goes through all of the view
+    QStringList words;                      // sent
+    QHash<QString, int> mixer;
+
+    void take()
+    {
+        for (const QByteArray& bytes : ports->sentBytes()) {
+            const QByteArray body = bytes.mid(5, 7);
+            const auto parameter = sysex::decodePresetParameter(std::span<const std::uint8_t, 6>(
+                reinterpret_cast<const std::uint8_t*>(body.constData()) + 1, 6));
+            if (body.startsWith('\2')) {
+                words << QString("%1=%2").arg(parameter.name).arg(parameter.value);
+                mixer[parameter.name] = parameter.value;
+            } else if (!body.startsWith('\14') || body.at(4) == 0) {
+                words << body.toHex();
+            }
+        }
+        ports->sent.clear();
+    }
 
 public:
     QSettings settings{folder.filePath("settings.ini"), QSettings::IniFormat};
@@ -178,6 +198,8 @@ public:
     }
     void hear(const QString& key, int value)
     {
+        take();
+        mixer[key] = value;
         if (key.startsWith("faderframe_"))
             emit sysex.signalReceiveMainwindowPresetParams(key, value);
         else if (key.startsWith("channelstrip_"))
@@ -189,18 +211,22 @@ public:
     // stereo status around each recall.
     QString sent()
     {
-        QStringList words;
-        for (const QByteArray& bytes : ports->sentBytes()) {
-            const QByteArray body = bytes.mid(5, 7);
-            const auto parameter = sysex::decodePresetParameter(std::span<const std::uint8_t, 6>(
-                reinterpret_cast<const std::uint8_t*>(body.constData()) + 1, 6));
-            if (body.startsWith('\2'))
-                words << QString("%1=%2").arg(parameter.name).arg(parameter.value);
-            else if (!body.startsWith('\14') || body.at(4) == 0)
-                words << body.toHex();
-        }
-        ports->sent.clear();
-        return words.join(' ');
+        take();
+        return std::exchange(words, {}).join(' ');
+    }
+    // Those of which screen, store and mixer say different things.
+    QStringList apart(const QStringList& keys = {ch1, ch2, gain})
+    {
+        take();
+        QStringList different;
+        for (const QString& key : keys)
+            if (shown(key) != value(key) || shown(key) != mixer.value(key, shown(key)))
+                different << QString("%1: %2 %3 %4")
+                                 .arg(key)
+                                 .arg(shown(key))
+                                 .arg(value(key))
+                                 .arg(mixer.value(key));
+        return different;
     }
 
     // The store
@@ -259,6 +285,20 @@ public:
     {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                           list->visualItemRect(list->item(row)).center());
+    }
+    // As from the window system: delivered when events pass that the user brings in.
+    void post(QWidget* widget, const QPoint& place) const
+    {
+        QWindow* window = windowHandle();
+        const QPointF local = widget->mapTo(this, place);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+            qt_handleMouseEvent(window, local, window->mapToGlobal(local),
+                                type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                                Qt::LeftButton, type, {}, 0);
+    }
+    void postRow(int row) const
+    {
+        post(list->viewport(), list->visualItemRect(list->item(row)).center());
     }
     // Whatever went before: it is stored once and sent once.
     void moveOnce()
