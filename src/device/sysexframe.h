@@ -43,8 +43,9 @@ inline constexpr int mainsChannel = 9;
 inline constexpr int firstAuxChannel = 10;
 inline constexpr int phonesChannel = 13;
 
-// A whole 13-byte message, 0xF0 and 0xF7 included. The payload is taken as it stands, also bytes
-// above 0x7F: a negative value makes one, and it is sent all the same.
+// A whole 13-byte message, 0xF0 and 0xF7 included. The payload is taken as it stands, also the byte
+// above 0x7F that a negative value makes. It gets as far as the system's MIDI layer, which takes it
+// for a status byte: the message breaks there, and 0xFF becomes a reset.
 Frame buildFrame(Type type, const Payload& payload = {});
 
 // A parameter value as it travels: its lower seven bits, and the rest, sign kept, cut to eight
