@@ -45,7 +45,7 @@ public slots:
     void slotSendSinglePresetRequest(int slotNum, bool saveAfterReceive);
     // view: a mode identifier.
     void slotSendModeChange(int view);
-    // channelNum: a channel identifier; 10 and above are modes to the mixer.
+    // channelNum: a channel identifier; 10 to 13 are modes to the mixer.
     void slotSendChannelSelect(int channelNum);
     void slotSaveGlobalParamsToFlash();
 

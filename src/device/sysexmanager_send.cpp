@@ -137,8 +137,8 @@ void SysexManager::slotSendChannelSelect(int channelNum)
 
 void SysexManager::sendChannelSelectFrame(int channelNum)
 {
-    const auto type =
-        channelNum < sysex::firstAuxChannel ? sysex::Type::ChannelSelect : sysex::Type::ModeChange;
+    const bool isMode = channelNum >= sysex::firstAuxChannel && channelNum <= sysex::phonesChannel;
+    const auto type = isMode ? sysex::Type::ModeChange : sysex::Type::ChannelSelect;
     sendFrame(type, lastByte(channelNum));
 }
 

@@ -130,6 +130,7 @@ private slots:
                  m.slotSendChannelSelect(13); // from phones back to a channel
                  m.slotSendChannelSelect(2);
              }},
+            {{"0600000000000e"}, [](auto& m) { m.slotSendChannelSelect(14); }},
             {{"0b000000000000"}, [](auto& m) { m.slotSaveGlobalParamsToFlash(); }},
             {{"0c010000010000"}, [](auto& m) { m.slotSendStereoUpdatingStatus(true); }},
             {{"0305040c000301"},
