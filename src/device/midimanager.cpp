@@ -51,15 +51,17 @@ void MidiManager::handleIncomingMidiMessage(juce::MidiInput* source, const MidiM
 
 void MidiManager::slot_PollDevices()
 {
-    const QStringList inputs = getMidiInputDevices();
-    const QStringList outputs = getMidiOutputDevices();
+    const QList<MidiPortInfo> inputs = listInputs();
+    const QList<MidiPortInfo> outputs = listOutputs();
 
-    if (inputs != knownInputNames) {
-        knownInputNames = inputs;
+    if (inputs != knownInputs) {
+        knownInputs = inputs;
         emit signal_MidiInputsChanged();
+    } else {
+        emit signal_MidiInputsUnchanged();
     }
-    if (outputs != knownOutputNames) {
-        knownOutputNames = outputs;
+    if (outputs != knownOutputs) {
+        knownOutputs = outputs;
         emit signal_MidiOutputsChanged();
     }
 }
@@ -108,7 +110,7 @@ MidiOutputPort* MidiManager::findOpenOutput(const QString& name, const char* com
         qDebug() << complaint << name << "-- index out of range.";
         return nullptr;
     }
-    return openOutputs[static_cast<std::size_t>(*entry)].get();
+    return openOutputs[static_cast<std::size_t>(*entry)].port.get();
 }
 
 void MidiManager::outputSysEx(QString /*deviceName*/, uchar* data, int size)

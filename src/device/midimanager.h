@@ -30,8 +30,8 @@ public:
 
     static constexpr int pollIntervalMs = 500;
 
-    // The names at this moment, in the system's order. Open ports that are gone from the list are
-    // closed and forgotten, but for the virtual ports of the HUI bridge.
+    // The names at this moment, in the system's order. Open ports that are gone from the list, by
+    // name or by identifier, are closed and forgotten, but for the virtual ports of the HUI bridge.
     QStringList getMidiInputDevices();
     QStringList getMidiOutputDevices();
 
@@ -42,6 +42,8 @@ public:
     // False when the name is not open.
     bool closeMidiInput(QString name);
     bool closeMidiOutput(QString name);
+    bool isInputOpen(const QString& name) const { return openInputIndex.contains(name); }
+    bool isOutputOpen(const QString& name) const { return openOutputIndex.contains(name); }
 
     // Whether a port of this name is found by the wanted name: as it stands, or in lower case after
     // its fifth character. Case-sensitive otherwise.
@@ -73,8 +75,11 @@ public slots:
     void slot_EmptyMidiBuffer();
 
 signals:
+    // The list differs from the last poll's, if only in an identifier.
     void signal_MidiInputsChanged();
     void signal_MidiOutputsChanged();
+    // A poll that found the inputs of the one before.
+    void signal_MidiInputsUnchanged();
     void signal_ReceiveMidiInput(QString sourceName, MidiMessage message);
     void signalUpdateInputDeviceName(QString newInputDeviceName, QString newControlInputDeviceName);
     void signalUpdateOutputDeviceName(QString newOutputDeviceName,
@@ -84,6 +89,14 @@ signals:
     void signalHUIPortButton(bool checked);
 
 private:
+    // An entry's port is null after a failed open; such a one is in no map.
+    template <typename Port> struct OpenPort {
+        std::unique_ptr<Port> port;
+        QString identifier;
+    };
+
+    QList<MidiPortInfo> listInputs();
+    QList<MidiPortInfo> listOutputs();
     MidiOutputPort* findOpenOutput(const QString& name, const char* complaint) const;
 
     std::unique_ptr<MidiPorts> m_ports;
@@ -92,12 +105,11 @@ private:
     QString controlOutputName;
     bool demoMode = false;
     QTimer pollTimer;
-    QStringList knownInputNames;
-    QStringList knownOutputNames;
-    // An entry is null after a failed open; such a one is in no map.
-    std::vector<std::unique_ptr<MidiInputPort>> openInputs;
+    QList<MidiPortInfo> knownInputs;
+    QList<MidiPortInfo> knownOutputs;
+    std::vector<OpenPort<MidiInputPort>> openInputs;
     QMap<QString, int> openInputIndex;
-    std::vector<std::unique_ptr<MidiOutputPort>> openOutputs;
+    std::vector<OpenPort<MidiOutputPort>> openOutputs;
     QMap<QString, int> openOutputIndex;
     QList<MidiMessage> sysexQueue;
     bool sendingSysex = false;

@@ -26,9 +26,8 @@ QString identifierOf(const QList<MidiPortInfo>& ports, const QString& name)
 }
 
 // Positions behind the removed one move up, and the map with them.
-template <typename Port>
-void removePort(std::vector<std::unique_ptr<Port>>& ports, QMap<QString, int>& index,
-                const QString& name)
+template <typename OpenPort>
+void removePort(std::vector<OpenPort>& ports, QMap<QString, int>& index, const QString& name)
 {
     const int position = index.take(name);
     ports.erase(ports.begin() + position);
@@ -38,52 +37,68 @@ void removePort(std::vector<std::unique_ptr<Port>>& ports, QMap<QString, int>& i
     }
 }
 
-template <typename Port>
-void pruneStale(std::vector<std::unique_ptr<Port>>& ports, QMap<QString, int>& index,
-                const QStringList& present, QLatin1String spared)
+// A port that another of its name has replaced is as dead as one whose name is gone.
+template <typename OpenPort>
+void pruneStale(std::vector<OpenPort>& ports, QMap<QString, int>& index,
+                const QList<MidiPortInfo>& present, QLatin1String spared)
 {
     for (const QString& name : index.keys()) {
-        if (!present.contains(name) && !name.contains(spared))
+        const QString& identifier = ports[static_cast<std::size_t>(index[name])].identifier;
+        if (!present.contains({name, identifier}) && !name.contains(spared))
             removePort(ports, index, name);
     }
 }
 
+// A failed open leaves its null at the end; the next open takes that place, or a port that is tried
+// again and again would pile them up.
+template <typename OpenPort> OpenPort& append(std::vector<OpenPort>& ports, OpenPort opened)
+{
+    if (!ports.empty() && !ports.back().port)
+        ports.pop_back();
+    return ports.emplace_back(std::move(opened));
+}
+
 } // namespace
 
-QStringList MidiManager::getMidiInputDevices()
+QList<MidiPortInfo> MidiManager::listInputs()
 {
-    const QStringList names = namesOf(m_ports->inputs());
-    pruneStale(openInputs, openInputIndex, names, QLatin1String("loopMIDI Port 1"));
-    return names;
+    const QList<MidiPortInfo> ports = m_ports->inputs();
+    pruneStale(openInputs, openInputIndex, ports, QLatin1String("loopMIDI Port 1"));
+    return ports;
 }
 
-QStringList MidiManager::getMidiOutputDevices()
+QList<MidiPortInfo> MidiManager::listOutputs()
 {
-    const QStringList names = namesOf(m_ports->outputs());
+    const QList<MidiPortInfo> ports = m_ports->outputs();
     // The shorter text spares both virtual ports.
-    pruneStale(openOutputs, openOutputIndex, names, QLatin1String("loopMIDI Port"));
-    return names;
+    pruneStale(openOutputs, openOutputIndex, ports, QLatin1String("loopMIDI Port"));
+    return ports;
 }
+
+QStringList MidiManager::getMidiInputDevices() { return namesOf(listInputs()); }
+
+QStringList MidiManager::getMidiOutputDevices() { return namesOf(listOutputs()); }
 
 bool MidiManager::openMidiInput(QString name)
 {
     const QString identifier = identifierOf(m_ports->inputs(), name);
-    openInputs.push_back(identifier.isEmpty() ? nullptr : m_ports->openInput(identifier, this));
-    if (!openInputs.back()) {
+    auto port = identifier.isEmpty() ? nullptr : m_ports->openInput(identifier, this);
+    auto& opened = append(openInputs, {std::move(port), identifier});
+    if (!opened.port) {
         qDebug() << "error adding input device" << name;
         return false;
     }
     qDebug() << "open input device" << name;
     openInputIndex[name] = static_cast<int>(openInputs.size()) - 1;
-    openInputs.back()->start();
+    opened.port->start();
     return true;
 }
 
 bool MidiManager::openMidiOutput(QString name)
 {
     const QString identifier = identifierOf(m_ports->outputs(), name);
-    openOutputs.push_back(identifier.isEmpty() ? nullptr : m_ports->openOutput(identifier));
-    if (!openOutputs.back()) {
+    auto port = identifier.isEmpty() ? nullptr : m_ports->openOutput(identifier);
+    if (!append(openOutputs, {std::move(port), identifier}).port) {
         qDebug() << "error adding output device" << name;
         return false;
     }
@@ -98,7 +113,7 @@ bool MidiManager::closeMidiInput(QString name)
     if (entry == openInputIndex.constEnd())
         return false;
     qDebug() << "close input device" << name;
-    openInputs[static_cast<std::size_t>(*entry)]->stop();
+    openInputs[static_cast<std::size_t>(*entry)].port->stop();
     removePort(openInputs, openInputIndex, name);
     return true;
 }

@@ -30,6 +30,8 @@ struct MidiPortInfo {
     QString name;
     // Tells twins of one name apart; valid until the device goes.
     QString identifier;
+
+    bool operator==(const MidiPortInfo&) const = default;
 };
 
 class MidiPorts

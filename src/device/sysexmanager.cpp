@@ -7,6 +7,7 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -21,6 +22,17 @@ QStringList toStringList(const std::array<std::string_view, Size>& table)
     return list;
 }
 
+// What the mixer's ports are found by, whatever the system puts around it.
+const QString audioName = QStringLiteral("Audio Control");
+const QString controlName = QStringLiteral("Control Surface");
+
+// A remembered name is the wanted one only while its port is there: with "2- " before it, it would
+// never find the port without.
+QString nameToFind(const QString& remembered, const QString& told, const QStringList& present)
+{
+    return present.contains(remembered) ? remembered : told;
+}
+
 } // namespace
 
 SysexManager::SysexManager(QObject* parent, std::unique_ptr<MidiPorts> ports)
@@ -28,11 +40,10 @@ SysexManager::SysexManager(QObject* parent, std::unique_ptr<MidiPorts> ports)
     , midiManager(new MidiManager(this, std::move(ports)))
     , firmwareManager(new FirmwareUpdateManager(this))
     , fwQueryTimer(new QTimer(this))
-    , inputDeviceName(QStringLiteral("Audio Control"))
-    , outputDeviceName(QStringLiteral("Audio Control"))
-    , controlOutputDeviceName(QStringLiteral("Control Surface"))
-    , controlInputDeviceName(QStringLiteral("Control Surface"))
-    , inputNameAtLastChange(inputDeviceName)
+    , inputDeviceName(audioName)
+    , outputDeviceName(audioName)
+    , controlOutputDeviceName(controlName)
+    , controlInputDeviceName(controlName)
     , outputNameAtLastChange(outputDeviceName)
     , portNamePrefix(QStringLiteral("J-Sum "))
     , portNameSuffix(QStringLiteral(" In"))
@@ -56,6 +67,8 @@ void SysexManager::connectMidiManager()
     connect(midiManager, SIGNAL(signalUpdateOutputDeviceName(QString, QString)), this,
             SLOT(slotUpdateOutputDeviceName(QString, QString)));
     slotConnectInputsandOutputs();
+    connect(midiManager, SIGNAL(signal_MidiInputsUnchanged()), this,
+            SLOT(slotMidiInputsUnchanged()));
     connect(midiManager, SIGNAL(signal_ReceiveMidiInput(QString, MidiMessage)), this,
             SLOT(slotReceiveMidiInput(QString, MidiMessage)));
     connect(midiManager, SIGNAL(signalHUIPortButton(bool)), this,
@@ -108,21 +121,26 @@ void SysexManager::slotUpdateOutputDeviceName(QString newOutputDeviceName,
     controlOutputDeviceName = newControlOutputDeviceName;
 }
 
+void SysexManager::findNames()
+{
+    const QStringList inputs = midiManager->getMidiInputDevices();
+    const QStringList outputs = midiManager->getMidiOutputDevices();
+    midiManager->slotRenameDevices(nameToFind(inputDeviceName, audioName, inputs),
+                                   nameToFind(outputDeviceName, audioName, outputs),
+                                   nameToFind(controlInputDeviceName, controlName, inputs),
+                                   nameToFind(controlOutputDeviceName, controlName, outputs));
+}
+
 void SysexManager::slotMidiInputsChanged()
 {
-    midiManager->slotRenameDevices(inputDeviceName, outputDeviceName, controlInputDeviceName,
-                                   controlOutputDeviceName);
-
-    const bool wasPresent =
-        inputNameAtLastChange == inputDeviceName && knownInputDevices.contains(inputDeviceName);
-    inputNameAtLastChange = inputDeviceName;
+    const QString lastName = inputDeviceName;
+    findNames();
     knownInputDevices = midiManager->getMidiInputDevices();
     qDebug() << "____New Input Devices:" << knownInputDevices;
 
-    if (!knownInputDevices.contains(inputDeviceName))
-        midiManager->closeMidiInput(inputDeviceName);
-    else if (!wasPresent)
-        midiManager->openMidiInput(inputDeviceName);
+    slotMidiInputsUnchanged();
+    if (lastName != inputDeviceName)
+        midiManager->closeMidiInput(lastName);
 
     // The outputs came a poll earlier, when only this slot could have found their name.
     if (outputNameAtLastChange != outputDeviceName
@@ -131,39 +149,53 @@ void SysexManager::slotMidiInputsChanged()
     }
 }
 
+void SysexManager::slotMidiInputsUnchanged()
+{
+    if (knownInputDevices.contains(inputDeviceName) && !midiManager->isInputOpen(inputDeviceName))
+        midiManager->openMidiInput(inputDeviceName);
+}
+
 void SysexManager::slotMidiOutputsChanged()
 {
     const QStringList devices = midiManager->getMidiOutputDevices();
 
     // The outputs come a poll later than the inputs: names are looked up only in the inputs' slot.
-    const auto isOurs = [this](const QString& name) {
-        return MidiManager::nameMatches(name, outputDeviceName);
+    const QString wanted = nameToFind(outputDeviceName, audioName, devices);
+    const auto isFound = [&](const QString& name) {
+        return name != outputDeviceName && MidiManager::nameMatches(name, wanted);
     };
-    if (!devices.contains(outputDeviceName)
-        && std::any_of(devices.begin(), devices.end(), isOurs)) {
+    if (std::any_of(devices.begin(), devices.end(), isFound))
         slotMidiInputsChanged();
-    }
 
-    const bool wasPresent =
-        outputNameAtLastChange == outputDeviceName && knownOutputDevices.contains(outputDeviceName);
-    outputNameAtLastChange = outputDeviceName;
+    const QString lastName = std::exchange(outputNameAtLastChange, outputDeviceName);
+    const bool isPresent = devices.contains(outputDeviceName);
+    bool wasPresent = lastName == outputDeviceName && knownOutputDevices.contains(lastName);
     knownOutputDevices = devices;
     qDebug() << "____New Output Devices:" << knownOutputDevices;
 
-    if (!knownOutputDevices.contains(outputDeviceName)) {
+    // Whatever bears the name now is another mixer, or one that has restarted: an unplug comes
+    // first.
+    const bool isReplaced = connected && isPresent && !midiManager->isOutputOpen(outputDeviceName);
+    if (!isPresent || isReplaced) {
         connected = false;
-        midiManager->closeMidiOutput(outputDeviceName);
-    } else if (!wasPresent) {
-        connected = midiManager->openMidiOutput(outputDeviceName);
+        midiManager->closeMidiOutput(lastName);
     }
+    if (isReplaced) {
+        tellConnection();
+        wasPresent = false;
+    }
+    if (isPresent && !wasPresent)
+        connected = midiManager->openMidiOutput(outputDeviceName);
+    if (!wasPresent || !connected)
+        tellConnection();
+}
 
+void SysexManager::tellConnection()
+{
     if (!connected) {
         emit signalStopFwQueryTimer();
         firmwareManager->slotAbortCheck();
     }
-    if (wasPresent && connected)
-        return;
-
     qDebug() << "wasn't already connected on port change or isn't connected -- current connection "
                 "state:"
              << outputDeviceName << connected;

@@ -66,6 +66,8 @@ public slots:
                                     QString newControlOutputDeviceName);
     void slotMidiOutputsChanged();
     void slotMidiInputsChanged();
+    // Tries an input again that could not be opened.
+    void slotMidiInputsUnchanged();
     void slotClosePorts();
     void slotConnectInputsandOutputs();
     void slotReceiveMidiInput(QString sourceName, MidiMessage message);
@@ -135,6 +137,8 @@ signals:
 private:
     void connectMidiManager();
     void connectFirmwareManager();
+    void findNames();
+    void tellConnection();
     void sendFrame(sysex::Type type, const sysex::Payload& payload = {});
     void sendChannelSelectFrame(int channelNum);
     void sendEncoded(sysex::Type type, const sysex::Encoded& message);
@@ -163,9 +167,8 @@ private:
     QString controlInputDeviceName;
     QStringList knownOutputDevices;
     QStringList knownInputDevices;
-    // The names that the two change slots worked with last. Ports may arrive direction by
+    // The name that the outputs' change slot worked with last. Ports may arrive direction by
     // direction; a name that was found since then counts as absent before.
-    QString inputNameAtLastChange;
     QString outputNameAtLastChange;
     QString portNamePrefix;
     QString portNameSuffix;

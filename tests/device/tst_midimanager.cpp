@@ -59,14 +59,32 @@ private slots:
         ports->plug({"C"});
         manager->slot_PollDevices();
         // The virtual output is spared by either name, the virtual input only by its own.
-        QCOMPARE(ports->openOutputs, QStringList({"id-2-C", "id-3-loopMIDI Port"}));
-        QCOMPARE(ports->openInputs, QStringList({"id-4-loopMIDI Port 1"}));
+        QCOMPARE(ports->openOutputs, QStringList({"id-0-C", "id-0-loopMIDI Port"}));
+        QCOMPARE(ports->openInputs, QStringList({"id-0-loopMIDI Port 1"}));
 
         manager->outputCC("C", 1, 7, 100);
         manager->outputCC("loopMIDI Port", 1, 7, 100);
         QCOMPARE(ports->sent.size(), 2);
-        QCOMPARE(ports->sent.first().identifier, QString("id-2-C"));
-        QCOMPARE(ports->sent.last().identifier, QString("id-3-loopMIDI Port"));
+        QCOMPARE(ports->sent.first().identifier, QString("id-0-C"));
+        QCOMPARE(ports->sent.last().identifier, QString("id-0-loopMIDI Port"));
+    }
+
+    // Only the identifiers tell that the port that is open has gone.
+    void aPortThatAnotherOfItsNameReplacedIsStale()
+    {
+        QSignalSpy inputs(manager.get(), SIGNAL(signal_MidiInputsChanged()));
+        QSignalSpy outputs(manager.get(), SIGNAL(signal_MidiOutputsChanged()));
+        ports->plug({"A", "B"});
+        manager->slot_PollDevices();
+        QVERIFY(manager->openMidiInput("A") && manager->openMidiOutput("A"));
+        QVERIFY(manager->openMidiOutput("B"));
+        ports->inputList[0].identifier = ports->outputList[0].identifier = "new";
+        manager->slot_PollDevices();
+        manager->slot_PollDevices();
+        QCOMPARE(inputs.count() + outputs.count(), 2 + 2);
+        QCOMPARE(ports->openInputs, QStringList());
+        QCOMPARE(ports->openOutputs, QStringList("id-0-B"));
+        QVERIFY(!manager->isInputOpen("A") && !manager->isOutputOpen("A"));
     }
 
     void twinsAndUnknownNames()
@@ -74,7 +92,7 @@ private slots:
         ports->plug({"X", "A", "A"});
         QVERIFY(!manager->openMidiOutput("absent"));
         QVERIFY(manager->openMidiOutput("A"));
-        QCOMPARE(ports->openOutputs, QStringList("id-1-A")); // the first of twins
+        QCOMPARE(ports->openOutputs, QStringList("id-0-A")); // the first of twins
         manager->outputNoteOn("A", 1, 60, 100);
         QCOMPARE(ports->sent.size(), 1);
         manager->outputCC("B", 1, 1, 1);
@@ -140,8 +158,8 @@ private slots:
         QSignalSpy on(manager.get(), SIGNAL(signalConnectHuiStuff()));
         manager->slotEnableHuiPort(true);
         QCOMPARE(on.count(), 1);
-        QCOMPARE(ports->openInputs, QStringList({"id-3-loopMIDI Port 1", "id-1-" + surface}));
-        QCOMPARE(ports->openOutputs, QStringList({"id-2-loopMIDI Port", "id-1-" + surface}));
+        QCOMPARE(ports->openInputs, QStringList({"id-0-loopMIDI Port 1", "id-0-" + surface}));
+        QCOMPARE(ports->openOutputs, QStringList({"id-0-loopMIDI Port", "id-0-" + surface}));
         // Both bank indicators are lit.
         QCOMPARE(ports->sentBytes(), hexes({"900e7f", "900f7f"}));
         manager->slotEnableHuiPort(false);

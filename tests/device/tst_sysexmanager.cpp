@@ -101,6 +101,83 @@ private slots:
         QVERIFY(ports->openInputs.isEmpty());
     }
 
+    void anInputThatCannotBeOpenedIsTriedAtEachPoll()
+    {
+        ports->refuseInputs = true;
+        for (int poll = 0; poll < 3; ++poll) {
+            QTest::ignoreMessage(QtDebugMsg,
+                                 qPrintable("error adding input device \"" + mixer + '"'));
+            plug(mixerPorts);
+        }
+        QVERIFY(manager->isConnected()); // which the output decides
+        ports->refuseInputs = false;
+        plug(mixerPorts);
+        plug(mixerPorts);
+        QCOMPARE(ports->openInputs, QStringList("id-0-" + mixer));
+        QCOMPARE(ports->openOutputs, QStringList("id-0-" + mixer));
+        QCOMPARE(heard().filter("signalConnected "), QStringList("signalConnected true"));
+    }
+
+    void whoeverIsThereIsMetAnew_data()
+    {
+        QTest::addColumn<bool>("inputsFirst");
+        QTest::addColumn<bool>("outputsFirst");
+        QTest::newRow("at one poll") << false << false;
+        QTest::newRow("inputs first") << true << false;
+        QTest::newRow("outputs first") << false << true;
+    }
+    void whoeverIsThereIsMetAnew()
+    {
+        QFETCH(bool, inputsFirst);
+        QFETCH(bool, outputsFirst);
+        const MidiPortInfo plain{mixer, "plain"};
+        const MidiPortInfo again{mixer, "again"};
+        const MidiPortInfo twin{mixer, "twin"};
+        const MidiPortInfo second{"2- " + mixer, "second"};
+        const QStringList connects{"signalConnected true"};
+        const QStringList leaves{"signalConnected false"};
+        const struct {
+            QList<MidiPortInfo> present;
+            MidiPortInfo open;
+            QStringList heard;
+        } steps[]{
+            {{plain}, plain, connects},
+            {{again}, again, leaves + connects}, // a replug that the names don't tell
+            {{twin, again}, again, {}},          // a namesake comes
+            {{twin}, twin, leaves + connects},   // and is the one that stays
+            {{twin, second}, second, leaves + connects},
+            {{twin}, twin, leaves + connects},
+            {{second}, second, leaves + connects},
+            {{}, {}, leaves},
+            {{plain}, plain, connects},
+        };
+        QSignalSpy found(manager->midi(), SIGNAL(signalUpdateOutputDeviceName(QString, QString)));
+        const auto withSurface = [](QList<MidiPortInfo> list) {
+            for (const MidiPortInfo& port : QList(list))
+                list.append({QString(port.name).replace(mixer, surface), port.identifier + "-s"});
+            return list;
+        };
+        for (const auto& step : steps) {
+            const auto now = withSurface(step.present);
+            if (!outputsFirst)
+                ports->inputList = now;
+            if (!inputsFirst)
+                ports->outputList = now;
+            manager->midi()->slot_PollDevices();
+            ports->inputList = ports->outputList = now;
+            manager->midi()->slot_PollDevices();
+            QCOMPARE(heard().filter("signalConnected "), step.heard);
+            if (step.present.isEmpty())
+                continue;
+            QCOMPARE(ports->openInputs, QStringList(step.open.identifier));
+            QCOMPARE(ports->openOutputs, QStringList(step.open.identifier));
+            QCOMPARE(found.last().last().toString(),
+                     QString(step.open.name).replace(mixer, surface));
+            manager->slotSaveGlobalParamsToFlash();
+            QCOMPARE(ports->sent.last().identifier, step.open.identifier);
+        }
+    }
+
     void theTimerQueriesUntilTheReplyAndEndsWithThePort()
     {
         connectMixer();

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QMap>
 
 // Stands for all MIDI hardware: the test sets which ports the system lists, and reads what was sent
 // to them.
@@ -21,13 +22,17 @@ public:
     QStringList openInputs; // identifiers, in the order of opening
     QStringList openOutputs;
     bool refuseToOpen = false;
+    bool refuseInputs = false;
     QStringList audioNames{QStringLiteral("J-Sum")};
 
+    // Each keeps its identifier while others come and go: "id-0-A" is the first port named A,
+    // "id-1-A" the next.
     static QList<MidiPortInfo> named(const QStringList& names)
     {
         QList<MidiPortInfo> list;
+        QMap<QString, int> twins;
         for (const QString& name : names)
-            list.append({name, QStringLiteral("id-%1-%2").arg(list.size()).arg(name)});
+            list.append({name, QStringLiteral("id-%1-%2").arg(twins[name]++).arg(name)});
         return list;
     }
     void plug(const QStringList& names) { inputList = outputList = named(names); }
@@ -46,7 +51,7 @@ public:
     std::unique_ptr<MidiInputPort> openInput(const QString& identifier,
                                              juce::MidiInputCallback*) override
     {
-        if (refuseToOpen)
+        if (refuseToOpen || refuseInputs)
             return nullptr;
         return std::make_unique<Input>(*this, identifier);
     }
