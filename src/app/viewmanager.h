@@ -53,6 +53,8 @@ public slots:
     void slotInitMenuBar();
 
     void slotInitAfterConnection(bool connected);
+    // Enters the full-power face, once in a connection or a demo: several queries may be under way,
+    // and each answer comes here.
     void slotInitFullPowerView();
     void slotInitLowPowerView();
     // Brings the translucent sheet in line with the dialogs that are open; called after any has
@@ -149,6 +151,9 @@ private:
     int windowHeight = splashHeight;
     int windowWidth = splashWidth;
     bool demoModeEnabled = false;
+    // For whom the full-power face was entered last; for nobody since the mixer's ports have gone.
+    enum class Entry { None, Mixer, Demo };
+    Entry fullPowerEntry = Entry::None;
 
     MainForm form;
     AboutDialogForm aboutDialogForm;

@@ -16,6 +16,8 @@
 #include <QSettings>
 #include <QToolButton>
 
+#include <utility>
+
 namespace
 {
 
@@ -67,6 +69,7 @@ void ViewManager::slotInitAfterConnection(bool connected)
     if (demoModeEnabled)
         return;
 
+    fullPowerEntry = Entry::None;
     windowWidth = splashWidth;
     windowHeight = splashHeight;
     form.fullPowerViewWidget->close();
@@ -105,7 +108,10 @@ void ViewManager::slotInitAfterConnection(bool connected)
 void ViewManager::slotInitFullPowerView()
 {
     qDebug() << "slotInitFullPowerView called" << demoModeEnabled;
-    // Also runs on a fresh version reply, when the view is up already.
+    // What events bring during the entry counts as well, so it is noted before.
+    const Entry entry = demoModeEnabled ? Entry::Demo : Entry::Mixer;
+    if (std::exchange(fullPowerEntry, entry) == entry)
+        return;
     fullPowerView->slotDeInitializeFullPowerMode();
     fullPowerView->slotShowPresets(true);
 
@@ -132,7 +138,7 @@ void ViewManager::slotInitFullPowerView()
     menuBar->setGeometry(0, 0, windowWidth, menuBarHeight);
     form.fullPowerViewWidget->show();
 
-    // An entry without a disconnection in between stacks these two as well.
+    // A demo's entry without a disconnection in between stacks these two as well.
     connect(fullPowerView, SIGNAL(signalChangeWindowSize(int, int)), this,
             SLOT(slotChangeWindowSize(int, int)));
     connect(this, SIGNAL(signalReportMainWindowPos(int, int)), fullPowerView,

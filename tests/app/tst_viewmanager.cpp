@@ -19,6 +19,9 @@
 #include <QToolButton>
 #include <QToolTip>
 
+#include <functional>
+#include <utility>
+
 namespace
 {
 
@@ -102,6 +105,16 @@ class TestViewManager : public TestCase
         return window->children().indexOf(upper) > window->children().indexOf(lower);
     }
 
+    // What comes in the midst of the next entry.
+    std::function<void()> inEntry;
+
+public slots:
+    void slotInEntry()
+    {
+        if (inEntry)
+            std::exchange(inEntry, nullptr)();
+    }
+
 private slots:
     void cleanup()
     {
@@ -119,7 +132,6 @@ private slots:
         QVERIFY(action("Force Firmware Update")->isEnabled());
         QVERIFY(!action("Enter Demo Mode...")->isEnabled());
         answerQuery();
-        answerQuery(); // a fresh reply rebuilds
         QCOMPARE(window->size(), QSize(1200, 728));
         // What lies in the middle stays there.
         QCOMPARE(dialog("aboutDialogForm")->geometry(), QRect(444, 257, 312, 179));
@@ -129,6 +141,36 @@ private slots:
         unplug();
         QVERIFY(!find<QToolButton>("splashScreen")->isChecked());
         QVERIFY(find<QPushButton>("enterDemoMode")->isVisible());
+    }
+
+    // Several queries may be under way, and a button may be pressed twice.
+    void aConnectionIsEnteredOnce()
+    {
+        const auto liveMemoryRequests = [this] {
+            return ports->sentBytes().count(QByteArray::fromHex("f000015f230a0c0000000000f7"));
+        };
+        open();
+        connect(window->fullPower(), SIGNAL(signalDisconnectGlobalSysex()), SLOT(slotInEntry()));
+        QWidget* inView = dialog("renameDialogForm"); // which each entry closes
+        plug();
+        inEntry = [this] { unplug(); };
+        answerQuery();
+        QVERIFY(!window->fullPower()->isVisible());
+        for (int connection = 1; connection <= 2; ++connection) {
+            plug();
+            inEntry = [this] { answerQuery(); };
+            answerQuery();
+            inView->show();
+            answerQuery();
+            QVERIFY(inView->isVisible());
+            QCOMPARE(liveMemoryRequests(), connection);
+            unplug();
+        }
+        window->slotEnterDemoMode();
+        press("demoDialogForm", "ok");
+        inView->show();
+        press("demoDialogForm", "ok");
+        QVERIFY(inView->isVisible());
     }
 
     void escapeClosesOnlyWhatItMay()
