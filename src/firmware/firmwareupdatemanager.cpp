@@ -12,8 +12,18 @@ constexpr int exitUpdateRequired = 38;
 // What a check that could not run ends with: any code that is neither a match nor an update.
 constexpr int exitNoResult = -1;
 
-// How long a killed process may take to end.
-constexpr int processEndMs = 2000;
+// How long the end of the program waits for a killed check.
+constexpr int processEndMs = 100;
+
+// It goes by itself when it ends. An object that is destroyed while its process runs kills that and
+// waits 30 seconds for it, and one that is stuck in a device's driver takes a kill much later.
+void letGo(QProcess* process)
+{
+    process->disconnect();
+    process->setParent(nullptr);
+    QObject::connect(process, SIGNAL(finished(int, QProcess::ExitStatus)), process,
+                     SLOT(deleteLater()));
+}
 
 QString hex(int exitCode) { return QString::number(static_cast<uint>(exitCode), 16); }
 
@@ -21,20 +31,13 @@ QString hex(int exitCode) { return QString::number(static_cast<uint>(exitCode), 
 
 FirmwareUpdateManager::FirmwareUpdateManager(QObject* parent)
     : QObject(parent)
-    , checkFwProcess(new QProcess(this))
+    , checkFwProcess(nullptr)
     , upgradeFwProcess(new QProcess(this))
     , resourcesPath(QStringLiteral("./resources"))
     , firmwarePath(QStringLiteral("%1/firmware").arg(resourcesPath))
     , dfuToolPath(QDir(resourcesPath).absoluteFilePath(QStringLiteral("dfucons.exe")))
 {
-    connect(checkFwProcess, SIGNAL(finished(int, QProcess::ExitStatus)), this,
-            SLOT(slotCheckProcessEnded(int, QProcess::ExitStatus)));
-    connect(checkFwProcess, SIGNAL(errorOccurred(QProcess::ProcessError)), this,
-            SLOT(slotCheckProcessError(QProcess::ProcessError)));
-    connect(checkFwProcess, SIGNAL(readyReadStandardOutput()), this,
-            SLOT(slot_ReadStdOutputFromCheckFWProcess()));
-    connect(checkFwProcess, SIGNAL(readyReadStandardError()), this,
-            SLOT(slot_ReadErrOutputFromCheckFWProcess()));
+    makeCheckProcess();
 
     connect(upgradeFwProcess, SIGNAL(finished(int)), this, SLOT(slot_UpgradeFWFinished(int)));
     connect(upgradeFwProcess, SIGNAL(errorOccurred(QProcess::ProcessError)), this,
@@ -53,10 +56,26 @@ FirmwareUpdateManager::~FirmwareUpdateManager()
     // Their ends would still call back here.
     checkFwProcess->disconnect(this);
     upgradeFwProcess->disconnect(this);
-    if (checkFwProcess->state() != QProcess::NotRunning) {
-        checkFwProcess->kill();
-        checkFwProcess->waitForFinished(processEndMs);
+    checkFwProcess->kill();
+    checkFwProcess->waitForFinished(processEndMs);
+    // A flasher is not killed half-way.
+    for (QProcess* process : {checkFwProcess, upgradeFwProcess}) {
+        if (process->state() != QProcess::NotRunning)
+            letGo(process);
     }
+}
+
+void FirmwareUpdateManager::makeCheckProcess()
+{
+    checkFwProcess = new QProcess(this);
+    connect(checkFwProcess, SIGNAL(finished(int, QProcess::ExitStatus)), this,
+            SLOT(slotCheckProcessEnded(int, QProcess::ExitStatus)));
+    connect(checkFwProcess, SIGNAL(errorOccurred(QProcess::ProcessError)), this,
+            SLOT(slotCheckProcessError(QProcess::ProcessError)));
+    connect(checkFwProcess, SIGNAL(readyReadStandardOutput()), this,
+            SLOT(slot_ReadStdOutputFromCheckFWProcess()));
+    connect(checkFwProcess, SIGNAL(readyReadStandardError()), this,
+            SLOT(slot_ReadErrOutputFromCheckFWProcess()));
 }
 
 void FirmwareUpdateManager::slot_CheckFWStarted()
@@ -79,10 +98,9 @@ void FirmwareUpdateManager::slotAbortCheck()
     checkTimer.stop();
     if (checkFwProcess->state() == QProcess::NotRunning)
         return;
-    const bool wasBlocked = checkFwProcess->blockSignals(true);
+    letGo(checkFwProcess);
     checkFwProcess->kill();
-    checkFwProcess->waitForFinished(processEndMs);
-    checkFwProcess->blockSignals(wasBlocked);
+    makeCheckProcess();
     emit signalConsoleText(QStringLiteral("Firmware check stopped.\n"));
 }
 

@@ -33,7 +33,7 @@ public:
     bool waitForUpdate(int timeoutMs);
 
 public slots:
-    // Starts the check tool; one that still runs is killed first. Ends in signalFwMatch or
+    // Starts the check tool; one that still runs is aborted first. Ends in signalFwMatch or
     // signalOpenFwOOD.
     void slot_CheckFWStarted();
     void slot_CheckFWFinished(int exitCode);
@@ -45,7 +45,7 @@ public slots:
     void slot_ReadStdOutputFromUpgradeFWProcess();
     void slot_ReadErrOutputFromUpgradeFWProcess();
     void slotSetErrorOccurredToFalse();
-    // Kills a running check and ignores its end: its mixer has gone.
+    // Kills a running check, without waiting for its end, and ignores that: its mixer has gone.
     void slotAbortCheck();
 
 signals:
@@ -68,6 +68,7 @@ private slots:
     void slotUpgradeProcessError(QProcess::ProcessError error);
 
 private:
+    void makeCheckProcess();
     void failUpdate(const QString& text);
 
     QProcess* checkFwProcess;

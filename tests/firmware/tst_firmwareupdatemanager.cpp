@@ -3,7 +3,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPointer>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+
+#include <algorithm>
 
 // Runs the manager against small tools in a folder of the test's own.
 class TestFirmwareUpdateManager : public TestCase
@@ -108,11 +112,26 @@ private slots:
         makeManager("if [ -e second ]; then exit 0; fi; touch second; exec sleep 60");
         manager->slot_CheckFWStarted();
         QTRY_VERIFY(QFile::exists("resources/second"));
+        const auto processes = manager->findChildren<QProcess*>();
+        const auto isRunning = [](QProcess* it) { return it->state() == QProcess::Running; };
+        const QPointer<QProcess> first =
+            *std::find_if(processes.begin(), processes.end(), isRunning);
         manager->slotAbortCheck();
-        QTest::qWait(50);
-        QCOMPARE(heard, QStringList());
+        QVERIFY(isRunning(first)); // its end was not waited for
         manager->slot_CheckFWStarted();
         QTRY_COMPARE(heard, QStringList({"match", "match"}));
+        QTRY_VERIFY(!first);
+    }
+
+    void theEndWaitsForNoToolAndKillsNoFlasher()
+    {
+        QTest::failOnWarning(QRegularExpression("^QProcess: Destroyed"));
+        makeManager("if [ $1 = chipversions ]; then exec sleep 60; fi; sleep 0.2; touch done");
+        manager->slot_CheckFWStarted();
+        manager->slot_UpgradeFWStarted();
+        manager.reset();
+        QVERIFY(!QFile::exists("resources/done"));
+        QTRY_VERIFY(QFile::exists("resources/done"));
     }
 
     void hangingCheckIsKilled()
