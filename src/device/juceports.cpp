@@ -1,5 +1,7 @@
 #include "juceports.h"
 
+#include "inputpause.h"
+
 #include <QSet>
 #include <QThread>
 
@@ -13,16 +15,10 @@
 namespace
 {
 
-// JUCE's ALSA reader thread notices only within this time that its last input was closed; an input
-// that is opened sooner finds the thread "still running" and then never hears anything.
-constexpr int readerThreadEndMs = 100;
-
-// Since when no input is open or opening. JUCE has one reader for the whole process, so this is
-// too.
-QElapsedTimer& lastInputClosed()
+InputPause& inputPause()
 {
-    static QElapsedTimer timer;
-    return timer;
+    static InputPause pause;
+    return pause;
 }
 
 QString fromJuce(const juce::String& text) { return QString::fromUtf8(text.toRawUTF8()); }
@@ -47,11 +43,12 @@ public:
     explicit JuceInputPort(std::unique_ptr<juce::MidiInput> input)
         : m_input(std::move(input))
     {
+        inputPause().inputOpened();
     }
     ~JuceInputPort() override
     {
         m_input.reset();
-        lastInputClosed().start();
+        inputPause().inputClosed();
     }
     void start() override { m_input->start(); }
     void stop() override { m_input->stop(); }
@@ -96,16 +93,15 @@ void printAlsaErrorOnce(const char* file, int line, const char* function, int er
     std::fprintf(stderr, "ALSA lib %s:%i:(%s) %s%s%s\n", file, line, function, text,
                  error ? ": " : "", error ? snd_strerror(error) : "");
 }
+
+void quietenAlsa() { snd_lib_error_set_handler(printAlsaErrorOnce); }
+#else
+void quietenAlsa() { }
 #endif
 
 } // namespace
 
-JucePorts::JucePorts()
-{
-#if defined(__linux__)
-    snd_lib_error_set_handler(printAlsaErrorOnce);
-#endif
-}
+JucePorts::JucePorts() { quietenAlsa(); }
 
 QList<MidiPortInfo> JucePorts::inputs() { return fromJuce(juce::MidiInput::getAvailableDevices()); }
 
@@ -117,11 +113,7 @@ QList<MidiPortInfo> JucePorts::outputs()
 std::unique_ptr<MidiInputPort> JucePorts::openInput(const QString& identifier,
                                                     juce::MidiInputCallback* callback)
 {
-    if (const auto& closed = lastInputClosed(); closed.isValid()) {
-        const qint64 wait = readerThreadEndMs - closed.elapsed();
-        if (wait > 0)
-            QThread::msleep(static_cast<unsigned long>(wait));
-    }
+    QThread::msleep(static_cast<unsigned long>(inputPause().remainingMs()));
     auto input = juce::MidiInput::openDevice(toJuce(identifier), callback);
     if (!input)
         return nullptr;
@@ -139,11 +131,15 @@ std::unique_ptr<MidiOutputPort> JucePorts::openOutput(const QString& identifier)
 QStringList JucePorts::audioOutputNames()
 {
     QStringList names;
-    juce::AudioDeviceManager deviceManager;
-    for (auto* type : deviceManager.getAvailableDeviceTypes()) {
-        type->scanForDevices();
-        for (const auto& name : type->getDeviceNames(false))
-            names.append(fromJuce(name));
+    {
+        juce::AudioDeviceManager deviceManager;
+        for (auto* type : deviceManager.getAvailableDeviceTypes()) {
+            type->scanForDevices();
+            for (const auto& name : type->getDeviceNames(false))
+                names.append(fromJuce(name));
+        }
     }
+    // JUCE's audio devices silence ALSA themselves, and when they go, they let it speak.
+    quietenAlsa();
     return names;
 }

@@ -1,10 +1,16 @@
 #include "fakeports.h"
+#include "inputpause.h"
+#include "juceports.h"
 #include "midimanager.h"
 #include "testcase.h"
 
 #include <QSignalSpy>
 
 #include <algorithm>
+
+#if defined(__linux__)
+#include <alsa/asoundlib.h>
+#endif
 
 namespace
 {
@@ -149,6 +155,32 @@ private slots:
         manager->outputCC("A", 17, 1, 2);
         manager->outputNoteOn("A", 2, 0x8E, 300);
         QCOMPARE(ports->sentBytes(), hexes({"bf077f", "b00102", "bf0102", "910e7f"}));
+    }
+
+    // After the last close it outlasts the reader's poll; an input beside another needs none.
+    void inputPause()
+    {
+        InputPause pause;
+        QCOMPARE(pause.remainingMs(), 0);
+        pause.inputOpened();
+        pause.inputOpened();
+        pause.inputClosed();
+        QCOMPARE(pause.remainingMs(), 0);
+        pause.inputClosed();
+        QVERIFY(pause.remainingMs() > InputPause::readerPollMs);
+        pause.inputOpened();
+        QCOMPARE(pause.remainingMs(), 0);
+    }
+
+    // JUCE's audio devices take ALSA's silencer away, and with it the silence of each poll.
+    void listingTheAudioDevicesLeavesAlsaQuiet()
+    {
+#if defined(__linux__)
+        JucePorts system;
+        const auto quiet = snd_lib_error;
+        system.audioOutputNames();
+        QVERIFY(snd_lib_error == quiet);
+#endif
     }
 
     void huiPortsOpenTogetherAndCloseTogether()
