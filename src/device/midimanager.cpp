@@ -159,18 +159,30 @@ void MidiManager::slotFindAudioDeviceNameOnConnect()
              << names << "\n===============================================================\n";
 }
 
+bool MidiManager::areHuiPortsOpen() const
+{
+    return isInputOpen(huiVirtualInput) && isOutputOpen(huiVirtualOutput)
+        && isInputOpen(controlOutputName) && isOutputOpen(controlOutputName);
+}
+
+void MidiManager::closeHuiPorts()
+{
+    emit signalDisconnectHuiStuff();
+    closeMidiInput(huiControlName);
+    closeMidiOutput(huiControlName);
+    closeMidiInput(huiVirtualInput);
+    closeMidiOutput(huiVirtualOutput);
+}
+
 void MidiManager::slotEnableHuiPort(bool enabled)
 {
-    // The control port's input is opened under the name found for its output: both bear the same
-    // name.
-    if (!enabled) {
-        emit signalDisconnectHuiStuff();
-        closeMidiInput(controlOutputName);
-        closeMidiOutput(controlOutputName);
-        closeMidiInput(huiVirtualInput);
-        closeMidiOutput(huiVirtualOutput);
+    if (enabled && areHuiPortsOpen())
         return;
-    }
+    // One that is on, but has lost its mixer, is turned on anew.
+    if (!enabled || isInputOpen(huiVirtualInput))
+        closeHuiPorts();
+    if (!enabled)
+        return;
 
     if (!openMidiInput(huiVirtualInput)) {
         QMessageBox box(
@@ -188,13 +200,15 @@ void MidiManager::slotEnableHuiPort(bool enabled)
         return;
     }
     openMidiOutput(huiVirtualOutput);
-    openMidiInput(controlOutputName);
-    openMidiOutput(controlOutputName);
+    // The input is opened under the name found for its output: both bear the same name.
+    huiControlName = controlOutputName;
+    openMidiInput(huiControlName);
+    openMidiOutput(huiControlName);
     emit signalConnectHuiStuff();
 
     // Light the mixer's bank left and bank right indicators.
     constexpr int bankLeftNote = 14;
     constexpr int bankRightNote = 15;
-    outputNoteOn(controlOutputName, 0, bankLeftNote, 127);
-    outputNoteOn(controlOutputName, 0, bankRightNote, 127);
+    outputNoteOn(huiControlName, 0, bankLeftNote, 127);
+    outputNoteOn(huiControlName, 0, bankRightNote, 127);
 }

@@ -61,6 +61,8 @@ public slots:
     void slotRenameDevices(QString inputDevice, QString outputDevice, QString controlInputDevice,
                            QString controlOutputDevice);
     void slotFindAudioDeviceNameOnConnect();
+    // Opens or closes the bridge's four ports. Turning it on while all are open changes nothing;
+    // one whose mixer was away gets its ports anew.
     void slotEnableHuiPort(bool enabled);
 
     // Queues size bytes, 0xF0 and 0xF7 included, and sends the queue unless in demo mode. All SysEx
@@ -97,12 +99,16 @@ private:
 
     QList<MidiPortInfo> listInputs();
     QList<MidiPortInfo> listOutputs();
+    bool areHuiPortsOpen() const;
+    void closeHuiPorts();
     MidiOutputPort* findOpenOutput(const QString& name, const char* complaint) const;
 
     std::unique_ptr<MidiPorts> m_ports;
 
     QString sysexOutputName;
     QString controlOutputName;
+    // The one that the HUI bridge has opened; controlOutputName may have changed since.
+    QString huiControlName;
     bool demoMode = false;
     QTimer pollTimer;
     QList<MidiPortInfo> knownInputs;
