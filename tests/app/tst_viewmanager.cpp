@@ -164,8 +164,16 @@ private slots:
             answerQuery();
             QVERIFY(inView->isVisible());
             QCOMPARE(liveMemoryRequests(), connection);
-            unplug();
+            if (connection == 2) // restarts between two polls
+                ports->outputList[0].identifier = "anew";
+            else
+                ports->unplug();
+            window->sysex()->midi()->slot_PollDevices();
+            QVERIFY(!window->fullPower()->isVisible());
         }
+        answerQuery();
+        QCOMPARE(liveMemoryRequests(), 3);
+        unplug();
         window->slotEnterDemoMode();
         press("demoDialogForm", "ok");
         inView->show();
