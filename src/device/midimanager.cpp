@@ -54,14 +54,14 @@ void MidiManager::slot_PollDevices()
     const QList<MidiPortInfo> inputs = listInputs();
     const QList<MidiPortInfo> outputs = listOutputs();
 
-    if (inputs != knownInputs) {
-        knownInputs = inputs;
+    if (inputs != knownInputNames) {
+        knownInputNames = inputs;
         emit signal_MidiInputsChanged();
     } else {
         emit signal_MidiInputsUnchanged();
     }
-    if (outputs != knownOutputs) {
-        knownOutputs = outputs;
+    if (outputs != knownOutputNames) {
+        knownOutputNames = outputs;
         emit signal_MidiOutputsChanged();
     }
 }

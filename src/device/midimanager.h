@@ -111,8 +111,9 @@ private:
     QString huiControlName;
     bool demoMode = false;
     QTimer pollTimer;
-    QList<MidiPortInfo> knownInputs;
-    QList<MidiPortInfo> knownOutputs;
+    // With their identifiers.
+    QList<MidiPortInfo> knownInputNames;
+    QList<MidiPortInfo> knownOutputNames;
     std::vector<OpenPort<MidiInputPort>> openInputs;
     QMap<QString, int> openInputIndex;
     std::vector<OpenPort<MidiOutputPort>> openOutputs;
