@@ -2,6 +2,10 @@
 
 #include "presetnames.h"
 
+#include <QHash>
+
+#include <algorithm>
+#include <cstddef>
 #include <span>
 
 namespace
@@ -14,30 +18,109 @@ constexpr int rotaries = 4;
 constexpr int fadersOfABank = 9;
 constexpr int buttons = 15;
 
+// A preset's parameters come in families: the same on each of these channels.
+using Channels = std::span<const char* const>;
+constexpr const char* inputs[]{"ch1", "ch2", "ch3", "ch4", "ch5", "ch6", "ch7", "ch8"};
+constexpr const char* inputsAndMains[]{"ch1", "ch2", "ch3", "ch4",  "ch5",
+                                       "ch6", "ch7", "ch8", "mains"};
+constexpr const char* allChannels[]{"ch1", "ch2",  "ch3",  "ch4",  "ch5",    "ch6",  "ch7",
+                                    "ch8", "aux1", "aux2", "aux3", "phones", "mains"};
+// A pair is stated on its first channel only.
+constexpr const char* firstOfPairs[]{"ch1", "ch3", "ch5", "ch7"};
+constexpr const char* nowhere[]{""};
+constexpr std::size_t inputsWithoutPad = 2;
+
+enum class Stored { Number, Truth };
+
+// The range is that of the parameter's control.
+struct Family {
+    const char* name; // %1: the channel, %2: the number of an aux
+    Channels channels;
+    int factoryValue;
+    int lowest;
+    int highest;
+    Stored stored = Stored::Number;
+};
+
+constexpr Family presetFamilies[]{
+    {"faderframe_%1_fader", allChannels, 3000, 3000, 10600},
+    {"faderframe_%1_mute", allChannels, 0, 0, 1, Stored::Truth},
+    {"faderframe_%1_solo", inputs, 0, 0, 1, Stored::Truth},
+
+    // An index; in the table of the inputs with a pad, 0 dB is the 17th entry.
+    {"channelstrip_%1_trim", Channels(inputs).first(inputsWithoutPad), 0, 0, 40},
+    {"channelstrip_%1_trim", Channels(inputs).subspan(inputsWithoutPad), 16, 0, 40},
+    {"channelstrip_%1_highPass_freq", inputs, 80, 40, 400},
+    {"channelstrip_%1_highPass_bypass", inputs, 1, 0, 1},
+    {"channelstrip_%1_stereo", firstOfPairs, 0, 0, 1},
+    {"channelstrip_%1_pan", inputs, 10000, 9900, 10100},
+    {"channelstrip_%1_aux%2_routing_pan", inputs, 10000, 9900, 10100},
+    {"channelstrip_%1_aux%2_routing_pre_post", inputs, 1, 0, 1, Stored::Truth},
+    {"channelstrip_%1_aux%2_routing_send_level", inputs, 3000, 3000, 10600},
+
+    {"channelstrip_%1_eq_bypass", inputsAndMains, 0, 0, 1},
+    {"channelstrip_%1_eq_hi_freq", inputsAndMains, 324, 300, 2000}, // tens of Hz
+    {"channelstrip_%1_eq_hi_gain", inputsAndMains, 10000, 8200, 11800},
+    {"channelstrip_%1_eq_low_freq", inputsAndMains, 276, 20, 400},
+    {"channelstrip_%1_eq_low_gain", inputsAndMains, 10000, 8200, 11800},
+    {"channelstrip_%1_eq_mid_freq", inputsAndMains, 346, 200, 6000},
+    {"channelstrip_%1_eq_mid_gain", inputsAndMains, 10000, 8200, 11800},
+    {"channelstrip_%1_eq_mid_q", inputsAndMains, 100, 10, 1000},
+    {"channelstrip_%1_compressor_bypass", inputsAndMains, 0, 0, 1},
+    {"channelstrip_%1_compressor_attack", inputsAndMains, 10, 1, 1000},
+    {"channelstrip_%1_compressor_gain", inputsAndMains, 10000, 10000, 12400},
+    {"channelstrip_%1_compressor_release", inputsAndMains, 50, 1, 3000},
+    {"channelstrip_%1_compressor_thresh", inputsAndMains, 10000, 3000, 11000},
+    {"channelstrip_%1_compressor_ratio", inputsAndMains, 300, 0, 1000},
+    {"channelstrip_%1_gate_bypass", inputsAndMains, 0, 0, 1},
+    {"channelstrip_%1_gate_attack", inputsAndMains, 10, 1, 1000},
+    {"channelstrip_%1_gate_gain", inputsAndMains, 7600, 3600, 10000},
+    {"channelstrip_%1_gate_release", inputsAndMains, 50, 1, 3000},
+    {"channelstrip_%1_gate_thresh", inputsAndMains, 3000, 3000, 11000},
+
+    {"channelstrip_phones_monitor_select", nowhere, 9, 1, 12},
+
+    {"reverbtab_%1_send_level", inputs, 3000, 3000, 10600},
+    {"reverbtab_pre_post", nowhere, 1, 0, 1, Stored::Truth},
+    {"reverbtab_pre_delay", nowhere, 20, 0, 200},
+    {"reverbtab_decay_time", nowhere, 1000, 100, 10000},
+    {"reverbtab_damping", nowhere, 50, 0, 100},
+    {"reverbtab_diffusion", nowhere, 50, 0, 100},
+    {"reverbtab_level", nowhere, 0, 3000, 10600}, // delivered below what its fader can reach
+    {"reverbtab_bypass", nowhere, 0, 0, 1, Stored::Truth},
+};
+
+using PresetParameters = QHash<QString, const Family*>;
+
+PresetParameters makePresetParameters()
+{
+    PresetParameters parameters;
+    for (const Family& family : presetFamilies) {
+        const QString name = QLatin1String(family.name);
+        for (const char* const channel : family.channels) {
+            const QString ofChannel =
+                QString(name).replace(QLatin1String("%1"), QLatin1String(channel));
+            if (!name.contains(QLatin1String("%2"))) {
+                parameters.insert(ofChannel, &family);
+                continue;
+            }
+            for (int aux = 1; aux <= auxes; ++aux)
+                parameters.insert(
+                    QString(ofChannel).replace(QLatin1String("%2"), QString::number(aux)), &family);
+        }
+    }
+    return parameters;
+}
+
+const PresetParameters& presetParameters()
+{
+    static const PresetParameters parameters = makePresetParameters();
+    return parameters;
+}
+
 struct Parameter {
     const char* name;
     int value;
-};
-
-// On every input channel and on the mains.
-constexpr Parameter stripParameters[]{
-    {"eq_bypass", 0},           {"eq_hi_freq", 324}, // tens of Hz
-    {"eq_hi_gain", 10000},      {"eq_low_freq", 276},         {"eq_low_gain", 10000},
-    {"eq_mid_freq", 346},       {"eq_mid_gain", 10000},       {"eq_mid_q", 100},
-    {"compressor_bypass", 0},   {"compressor_attack", 10},    {"compressor_gain", 10000},
-    {"compressor_release", 50}, {"compressor_thresh", 10000}, {"compressor_ratio", 300},
-    {"gate_bypass", 0},         {"gate_attack", 10},          {"gate_gain", 7600},
-    {"gate_release", 50},       {"gate_thresh", 3000},
-};
-
-constexpr Parameter channelParameters[]{
-    {"highPass_freq", 80},
-    {"highPass_bypass", 1},
-    {"pan", 10000},
-};
-
-constexpr Parameter reverbParameters[]{
-    {"pre_delay", 20}, {"decay_time", 1000}, {"damping", 50}, {"diffusion", 50}, {"level", 0},
 };
 
 constexpr Parameter globalParameters[]{
@@ -51,7 +134,6 @@ constexpr Parameter globalParameters[]{
     {"tone_gen_freq", 440},
     {"pass_thru_width", 0},
     {"pass_thru_rotaries", 0},
-    {"phones_impedance", 1},
     {"phones_impedance", 1},
     {"expander_control", 0},
     {"surroundtab_format", 1},
@@ -72,58 +154,15 @@ constexpr Parameter notesOfABank[]{
     {"diamond_bank%1_right_note", 29},
 };
 
-constexpr int faderFloor = 3000;
-
-void insert(QVariantMap& map, const QString& prefix, std::span<const Parameter> parameters)
-{
-    for (const Parameter& parameter : parameters)
-        map.insert(prefix + QLatin1String(parameter.name), parameter.value);
-}
-
-void insertFader(QVariantMap& map, const QString& channel)
-{
-    map.insert(QStringLiteral("faderframe_%1_fader").arg(channel), faderFloor);
-    map.insert(QStringLiteral("faderframe_%1_mute").arg(channel), false);
-}
-
-void insertChannel(QVariantMap& map, int channel)
-{
-    const QString name = QStringLiteral("ch%1").arg(channel);
-    insertFader(map, name);
-    map.insert(QStringLiteral("faderframe_%1_solo").arg(name), false);
-    map.insert(QStringLiteral("reverbtab_%1_send_level").arg(name), faderFloor);
-
-    const QString strip = QStringLiteral("channelstrip_%1_").arg(name);
-    insert(map, strip, stripParameters);
-    insert(map, strip, channelParameters);
-    // Of channels 3 to 8 the trim's 0 dB is the 17th entry of their table.
-    map.insert(strip + QStringLiteral("trim"), channel <= 2 ? 0 : 16);
-    // A pair is stated on its first channel only.
-    if (channel % 2 == 1)
-        map.insert(strip + QStringLiteral("stereo"), 0);
-    for (int aux = 1; aux <= auxes; ++aux) {
-        const QString routing = strip + QStringLiteral("aux%1_routing_").arg(aux);
-        map.insert(routing + QStringLiteral("pan"), 10000);
-        map.insert(routing + QStringLiteral("pre_post"), true);
-        map.insert(routing + QStringLiteral("send_level"), faderFloor);
-    }
-}
-
 QVariantMap makePreset()
 {
     QVariantMap map;
     map.insert(presetNameKey(), QStringLiteral("DefaultPreset"));
-    for (int channel = 1; channel <= channels; ++channel)
-        insertChannel(map, channel);
-    for (int aux = 1; aux <= auxes; ++aux)
-        insertFader(map, QStringLiteral("aux%1").arg(aux));
-    insertFader(map, QStringLiteral("phones"));
-    insertFader(map, QStringLiteral("mains"));
-    map.insert(QStringLiteral("channelstrip_phones_monitor_select"), 9);
-    insert(map, QStringLiteral("channelstrip_mains_"), stripParameters);
-    insert(map, QStringLiteral("reverbtab_"), reverbParameters);
-    map.insert(QStringLiteral("reverbtab_pre_post"), true);
-    map.insert(QStringLiteral("reverbtab_bypass"), false);
+    for (const auto& [key, family] : presetParameters().asKeyValueRange()) {
+        map.insert(key,
+                   family->stored == Stored::Truth ? QVariant(family->factoryValue != 0)
+                                                   : QVariant(family->factoryValue));
+    }
     return map;
 }
 
@@ -153,7 +192,8 @@ void insertMappingOfBank(QVariantMap& map, int bank)
 QVariantMap makeGlobals()
 {
     QVariantMap map;
-    insert(map, QString(), globalParameters);
+    for (const Parameter& parameter : globalParameters)
+        map.insert(QLatin1String(parameter.name), parameter.value);
     for (int channel = 3; channel <= channels; ++channel)
         map.insert(QStringLiteral("ch%1_line_phono").arg(channel), 1);
     for (int rotary = 1; rotary <= rotaries; ++rotary) {
@@ -192,5 +232,19 @@ const QVariantMap& presetdefaults::globals()
 
 bool presetdefaults::isPresetParameter(const QString& key)
 {
-    return key != presetNameKey() && preset().contains(key);
+    return presetParameters().contains(key);
+}
+
+std::optional<presetdefaults::Range> presetdefaults::range(const QString& key)
+{
+    const Family* const family = presetParameters().value(key);
+    return family ? std::optional(Range{family->lowest, family->highest}) : std::nullopt;
+}
+
+int presetdefaults::bounded(const QString& key, int value)
+{
+    const Family* const family = presetParameters().value(key);
+    if (family == nullptr || value == family->factoryValue)
+        return value;
+    return std::clamp(value, family->lowest, family->highest);
 }

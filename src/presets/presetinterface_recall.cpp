@@ -115,7 +115,9 @@ void PresetInterface::sendParameter(const QString& jsonName, const QVariant& val
 {
     if (!presetdefaults::isPresetParameter(jsonName))
         return;
-    emit signalSendPresetParameter(jsonName, storedInt(value, jsonName));
+    // The library keeps what it holds; a byte beyond seven bits would be no data to the mixer.
+    emit signalSendPresetParameter(jsonName,
+                                   presetdefaults::bounded(jsonName, storedInt(value, jsonName)));
     waitForMixer();
 }
 

@@ -50,7 +50,7 @@ inline QByteArray libraryOf(const QStringList& names)
     QJsonObject library;
     for (int i = 0; i < names.size(); ++i) {
         library.insert(QString("Preset_%1").arg(i, 3, 10, QChar('0')),
-                       QJsonObject{{"preset_name", names.at(i)}, {"reverbtab_level", i}});
+                       QJsonObject{{"preset_name", names.at(i)}, {"reverbtab_pre_delay", i}});
     }
     return QJsonDocument(library).toJson();
 }

@@ -26,28 +26,45 @@ class TestPresetEditing : public LibraryTest
     }
     void edit(int presetNum, int value)
     {
-        store->slotStoreValue("reverbtab_level", value, presetNum);
+        store->slotStoreValue("reverbtab_pre_delay", value, presetNum);
     }
-    int levelOnDisk(int presetNum) const
+    int delayOnDisk(int presetNum) const
     {
-        return presetOnDisk(QString("Preset_00%1").arg(presetNum)).value("reverbtab_level").toInt();
+        return presetOnDisk(QString("Preset_00%1").arg(presetNum))
+            .value("reverbtab_pre_delay")
+            .toInt();
     }
-    int workingLevel(int presetNum) const
+    int workingDelay(int presetNum) const
     {
-        return store->workingPreset(presetNum).value("reverbtab_level").toInt();
+        return store->workingPreset(presetNum).value("reverbtab_pre_delay").toInt();
     }
 
 private slots:
+    // Whatever is no value of its parameter's control is brought to the nearest, in a slot and in a
+    // recall; the library keeps it.
     void sentValues()
     {
-        read(R"({"Preset_000":{"preset_name":"x", "reverbtab_bypass":true,
-                 "reverbtab_damping":4294967296, "reverbtab_diffusion":-1e300,
-                 "reverbtab_level":"3000", "reverbtab_pre_delay":2.0, "unknown":1}})");
+        const QByteArray file = R"({"Preset_000":{"preset_name":"[CONNECTION SYNC]",
+            "channelstrip_ch1_pan":-5, "channelstrip_ch8_trim":41, "channelstrip_mains_eq_mid_q":9,
+            "channelstrip_phones_monitor_select":0, "faderframe_aux3_fader":20000,
+            "faderframe_ch1_mute":2, "reverbtab_bypass":true, "reverbtab_ch8_send_level":null,
+            "reverbtab_damping":4294967296, "reverbtab_decay_time":"3000",
+            "reverbtab_diffusion":-1e300, "reverbtab_level":0, "reverbtab_pre_delay":2.0,
+            "unknown":1}})";
+        const QString sent = "channelstrip_ch1_pan=9900 channelstrip_ch8_trim=40 "
+                             "channelstrip_mains_eq_mid_q=10 channelstrip_phones_monitor_select=1 "
+                             "faderframe_aux3_fader=10600 faderframe_ch1_mute=1 reverbtab_bypass=1 "
+                             "reverbtab_ch8_send_level=3000 reverbtab_damping=100 "
+                             "reverbtab_decay_time=100 reverbtab_diffusion=0 reverbtab_level=0 "
+                             "reverbtab_pre_delay=2 ";
+        read(file);
         store->slotSendPreset(0);
-        QCOMPARE(recorder->take(),
-                 QString("lock stereo-off reverbtab_bypass=1 reverbtab_damping=2147483647 "
-                         "reverbtab_diffusion=-2147483648 reverbtab_level=0 reverbtab_pre_delay=2 "
-                         "clean:0 stereo-on free"));
+        QCOMPARE(recorder->take(), "lock stereo-off " + sent + "clean:0 stereo-on free");
+        store->slotSetSyncStatus(true);
+        store->slotRecallPreset(0);
+        QVERIFY(recorder->take().contains("lock recall:[CONNECTION SYNC] " + sent + "join"));
+        store->slotSavePreset(0);
+        QCOMPARE(QJsonDocument::fromJson(onDisk()), QJsonDocument::fromJson(file));
     }
 
     void sendWithoutRecall()
@@ -55,7 +72,7 @@ private slots:
         edit(2, 42);
         store->slotSendPreset(2); // the saved state
         QCOMPARE(recorder->take(),
-                 QString("lock stereo-off reverbtab_level=2 dirty:2 stereo-on free"));
+                 QString("lock stereo-off reverbtab_pre_delay=2 dirty:2 stereo-on free"));
 
         QSignalSpy sent(store.get(), SIGNAL(signalSendPresetParameter(QString, int)));
         QElapsedTimer clock;
@@ -87,8 +104,8 @@ private slots:
         edit(2, 12);
         store->slotSavePreset(2);
         QCOMPARE(recorder->take(), QString("dirty:1")); // of the current preset
-        QCOMPARE(levelOnDisk(1), 1);
-        QCOMPARE(levelOnDisk(2), 12);
+        QCOMPARE(delayOnDisk(1), 1);
+        QCOMPARE(delayOnDisk(2), 12);
         store->slotSavePreset(0);
         QCOMPARE(recorder->take(), QString());
 
@@ -104,14 +121,14 @@ private slots:
         edit(1, 11);
         store->slotSavePresetAs("new", true, false); // to receive one
         QCOMPARE(recorder->take(), QString("list cut menu:4 join ready"));
-        QCOMPARE(workingLevel(1), 11);
+        QCOMPARE(workingDelay(1), 11);
         store->slotSavePresetAs("more", true, true); // to receive all
         QCOMPARE(recorder->take(), QString("list menu:5 ready"));
         store->slotSavePresetAs("by hand", false, false); // the edits move to the new preset
         QCOMPARE(recorder->take(), QString("stereo-off stereo-on done list cut menu:6 join"));
-        QCOMPARE(workingLevel(1), 1);
-        QCOMPARE(levelOnDisk(1), 1);
-        QCOMPARE(levelOnDisk(6), 11);
+        QCOMPARE(workingDelay(1), 1);
+        QCOMPARE(delayOnDisk(1), 1);
+        QCOMPARE(delayOnDisk(6), 11);
         QCOMPARE(names().mid(3), QStringList({"c", "new", "more", "by hand"}));
     }
 
@@ -124,11 +141,11 @@ private slots:
         edit(-1, 42);
         store->slotRecallPreset(-1);
         QCOMPARE(recorder->take(),
-                 QString("stereo-off cut lock recall:b reverbtab_level=42 join free dirty:2 "
+                 QString("stereo-off cut lock recall:b reverbtab_pre_delay=42 join free dirty:2 "
                          "stereo-on done"));
         store->slotRevertPreset();
-        QVERIFY(recorder->take().contains("recall:b reverbtab_level=2 join free clean:2"));
-        QCOMPARE(workingLevel(1), 11);
+        QVERIFY(recorder->take().contains("recall:b reverbtab_pre_delay=2 join free clean:2"));
+        QCOMPARE(workingDelay(1), 11);
     }
 
     void reorder()
@@ -150,8 +167,8 @@ private slots:
             QString onDisk;
             QString working;
             for (int i = 0; i < library.size(); ++i) {
-                onDisk += QString::number(levelOnDisk(i));
-                working += QString::number(workingLevel(i));
+                onDisk += QString::number(delayOnDisk(i));
+                working += QString::number(workingDelay(i));
             }
             QCOMPARE(onDisk, order);
             QCOMPARE(working, QString(order).replace("1", "10"));
@@ -174,7 +191,7 @@ private slots:
         store->slotSavePresetAs("more", true, false);
         recorder->take();
         store->slotRecallPreset(1); // also without a mixer
-        QVERIFY(recorder->take().contains("recall:demo reverbtab_level=11"));
+        QVERIFY(recorder->take().contains("recall:demo reverbtab_pre_delay=11"));
         QCOMPARE(onDisk(), before);
 
         store->slotSetDemoModeEnabled(false);
@@ -183,7 +200,7 @@ private slots:
         store->slotCheckSaveState(1);
         store->slotCheckSaveState(2); // edited before it
         QCOMPARE(recorder->take(), QString("clean:1 dirty:2"));
-        QCOMPARE(store->workingPreset(2).value("reverbtab_level").toInt(), 7);
+        QCOMPARE(store->workingPreset(2).value("reverbtab_pre_delay").toInt(), 7);
         QCOMPARE(onDisk(), before);
     }
 
@@ -196,8 +213,8 @@ private slots:
         QCOMPARE(recorder->take(), QString("clean:1")); // the maps stay changed
         QDir().rmdir(folder->file("jsum.json"));
         store->slotSavePreset(1);
-        QCOMPARE(levelOnDisk(1), 11);
-        QCOMPARE(levelOnDisk(3), 3);
+        QCOMPARE(delayOnDisk(1), 11);
+        QCOMPARE(delayOnDisk(3), 3);
     }
 };
 

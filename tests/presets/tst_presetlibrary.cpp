@@ -15,7 +15,7 @@ private slots:
         ReorderableListWidget list;
         store->slotPopulatePresetMenu(&list);
         store->slotRecallPreset(0);
-        store->slotStoreValue("reverbtab_level", 5, 0);
+        store->slotStoreValue("reverbtab_pre_delay", 5, 0);
         store->slotSavePreset(0);
         store->slotSavePresetAs("new", true, false);
         store->slotRenamePreset("new");
@@ -48,14 +48,14 @@ private slots:
 
     void saveKeepsWhatItDoesNotKnow()
     {
-        read(R"({"Preset_000":{"preset_name":"a","reverbtab_level":1e300,"later":{"x":[]}},
-                 "Preset_002":{"preset_name":"b","reverbtab_level":"text"},
+        read(R"({"Preset_000":{"preset_name":"a","reverbtab_pre_delay":1e300,"later":{"x":[]}},
+                 "Preset_002":{"preset_name":"b","reverbtab_pre_delay":"text"},
                  "Preset_1000":{"preset_name":"far"}, "version":3, "":4})");
         store->slotRecallPreset(1);
         store->slotStoreValue("reverbtab_bypass", true, -1);
         store->slotSavePreset(-1);
         store->slotDeletePreset();
-        const QByteArray wanted = R"({"Preset_000":{"preset_name":"a","reverbtab_level":1e300,
+        const QByteArray wanted = R"({"Preset_000":{"preset_name":"a","reverbtab_pre_delay":1e300,
             "later":{"x":[]}}, "Preset_1000":{"preset_name":"far"}, "version":3, "":4})";
         QCOMPARE(onDisk(), QJsonDocument::fromJson(wanted).toJson(QJsonDocument::Indented));
     }
