@@ -37,7 +37,7 @@ struct Store {
     {
         QDir(folder.path()).mkdir(QStringLiteral("presets"));
         bytes = QJsonDocument::fromVariant(libraryOf(presets)).toJson();
-        jsonfile::write(folder.filePath(QStringLiteral("presets/jsum.json")), bytes);
+        JsonFile(folder.filePath(QStringLiteral("presets/jsum.json"))).write(bytes);
         interface.resourcesFolder = folder.path() + QLatin1Char('/');
         interface.useResourcesFolder = true;
         interface.slotUpdateJSONPath();

@@ -58,8 +58,8 @@ struct Desk {
     {
         QDir::setCurrent(folder.path());
         QDir().mkpath(QStringLiteral("resources/presets"));
-        jsonfile::write(QStringLiteral("resources/presets/jsum.json"),
-                        QJsonDocument::fromVariant(libraryOf(presetCount)).toJson());
+        JsonFile(QStringLiteral("resources/presets/jsum.json"))
+            .write(QJsonDocument::fromVariant(libraryOf(presetCount)).toJson());
         presets.slotUpdateJSONPath();
         presets.slotReadJSON();
         globals.slotSetJSONPath();

@@ -1,3 +1,5 @@
+#include "presetslock.h"
+#include "secondeditor.h"
 #include "startup.h"
 #include "viewmanager.h"
 
@@ -19,7 +21,11 @@ int main(int argc, char* argv[])
     QApplication::setWindowIcon(
         QIcon(QStringLiteral(":/ui_images/ui_images/jsum_editor_icon.svg")));
 
-    ViewManager window;
+    // Before anything in that folder is read: to read it at the start is also to mend it.
+    const PresetsLock lock(QStringLiteral("resources/presets"));
+    if (lock.access() == JsonFile::Access::LookOnly && !mayGoOnWithoutSaving())
+        return 0;
+    ViewManager window(lock.access());
     window.show();
     return QApplication::exec();
 }

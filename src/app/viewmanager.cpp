@@ -31,18 +31,19 @@ QString readStyleSheet(const QString& path)
 
 } // namespace
 
-ViewManager::ViewManager(QWidget* parent)
-    : ViewManager(nullptr, parent)
+ViewManager::ViewManager(JsonFile::Access access, QWidget* parent)
+    : ViewManager(nullptr, access, parent)
 {
 }
 
-ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent)
+ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, JsonFile::Access access, QWidget* parent)
     : QMainWindow(parent)
     // In this order: each store and handler takes what stands before it.
     , definitions(new Definitions(this))
     , sysexManager(new SysexManager(this, std::move(ports)))
     , presetInterface(new PresetInterface)
     , globalPresetInterface(new GlobalPresetInterface(this))
+    , presetsAccess(access)
 {
     // A static library's resources are known only when somebody asks for them.
     Q_INIT_RESOURCE(compiled_in);
@@ -62,7 +63,8 @@ ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent)
 
     form.setupUi(this);
     setCentralWidget(form.centralwidget);
-    setWindowTitle(QStringLiteral("J-Sum Editor"));
+    setWindowTitle(access == JsonFile::Access::Full ? QStringLiteral("J-Sum Editor")
+                                                    : QStringLiteral("J-Sum Editor (not saving)"));
     setObjectName(QStringLiteral("ViewManager"));
     setStyleSheet(readStyleSheet(QStringLiteral(":/styles/styles/shell.qss")) + dialogStyleSheet());
     setGeometry(200, 50, splashWidth, splashHeight);
@@ -102,6 +104,8 @@ void ViewManager::slotCreateResourcesFolder()
     presetInterface->useResourcesFolder = resourcesInAppData;
     globalPresetInterface->resourcesFolder = resourcesFolder;
     globalPresetInterface->useResourcesFolder = resourcesInAppData;
+    presetInterface->access = presetsAccess;
+    globalPresetInterface->access = presetsAccess;
 }
 
 void ViewManager::setupDialogs()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/shellforms.h"
+#include "jsonfile.h"
 #include "tooltipeventfilter.h"
 
 #include <QMainWindow>
@@ -28,9 +29,13 @@ class ViewManager : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit ViewManager(QWidget* parent = nullptr);
+    // presetsAccess: whether the presets' folder is this editor's; in another's nothing is saved.
+    explicit ViewManager(JsonFile::Access presetsAccess = JsonFile::Access::Full,
+                         QWidget* parent = nullptr);
     // On other MIDI than the system's.
-    explicit ViewManager(std::unique_ptr<MidiPorts> ports, QWidget* parent = nullptr);
+    explicit ViewManager(std::unique_ptr<MidiPorts> ports,
+                         JsonFile::Access presetsAccess = JsonFile::Access::Full,
+                         QWidget* parent = nullptr);
     ~ViewManager() override;
 
     static constexpr int splashWidth = 400;
@@ -47,7 +52,7 @@ public:
     FullPowerView* fullPower() const { return fullPowerView; }
 
 public slots:
-    // Creates no folder, in spite of its name: tells the stores where theirs is.
+    // Creates no folder, in spite of its name: tells the stores where theirs is, and whose.
     void slotCreateResourcesFolder();
     void slotConnectInterfaces();
     void slotInitMenuBar();
@@ -127,6 +132,7 @@ private:
     QWidget* fwProgressDialog = nullptr;
     QWidget* fwErrorDialog = nullptr;
     QWidget* restartDialog = nullptr;
+    const JsonFile::Access presetsAccess;
     // False in this program: files are found through the working directory.
     bool resourcesInAppData = false;
     QString resourcesFolder;

@@ -160,6 +160,12 @@ bool RegularFile::overwrite(const QByteArray& bytes)
 
 bool RegularFile::flush() { return flushFile(file); }
 
+std::optional<QByteArray> readFile(const QString& path)
+{
+    RegularFile file(path);
+    return file.open(QIODevice::ReadOnly) == Opened::Yes ? file.readAll() : std::nullopt;
+}
+
 std::error_code create(const QString& path, const QByteArray& bytes, const RegularFile* like)
 {
     QFile::remove(path);

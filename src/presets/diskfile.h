@@ -7,7 +7,7 @@
 #include <optional>
 #include <system_error>
 
-// The steps on disk that jsonfile is made of: regular files only, flushed writes, names that change
+// The steps on disk that JsonFile is made of: regular files only, flushed writes, names that change
 // hands at once. Free functions without state. Away from Unix they keep the order of the steps, but
 // flush no further than to the system and don't look behind a device's name.
 namespace diskfile
@@ -47,6 +47,9 @@ private:
     QFile file;
     QString path;
 };
+
+// The whole content of a regular file; nothing when it can't be read.
+std::optional<QByteArray> readFile(const QString& path);
 
 // Makes a file of that content and flushes it, in place of an older one; it gets the owner and the
 // permissions of the open file `like`. Leaves nothing behind on an error.

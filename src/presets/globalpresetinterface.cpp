@@ -1,8 +1,7 @@
 #include "globalpresetinterface.h"
 
-#include "jsonfile.h"
+#include "diskfile.h"
 #include "presetdefaults.h"
-#include "storefile.h"
 
 #include <QDebug>
 #include <QJsonDocument>
@@ -36,13 +35,17 @@ void GlobalPresetInterface::setParameters(const QVariantMap& parameters)
     globalMap.insert(globalKey, parameters);
 }
 
-void GlobalPresetInterface::slotSetJSONPath() { jsonPath = pathOf(QStringLiteral("global.json")); }
+void GlobalPresetInterface::slotSetJSONPath()
+{
+    file.setPath(pathOf(QStringLiteral("global.json")), access);
+}
 
 void GlobalPresetInterface::slotReadGlobal()
 {
-    const auto document = readStoreFile(jsonPath);
+    const auto document = file.load();
     if (!document) {
-        qDebug().noquote() << QStringLiteral("WARNING: Global JSON not found - path: ") + jsonPath;
+        qDebug().noquote() << QStringLiteral("WARNING: Global JSON not found - path: ")
+                + file.path();
         return;
     }
     qDebug() << "Global JSON Found";
@@ -51,10 +54,10 @@ void GlobalPresetInterface::slotReadGlobal()
 
 void GlobalPresetInterface::slotWriteGlobal()
 {
-    if (demoMode)
+    if (demoMode || access == JsonFile::Access::LookOnly)
         return;
     const QByteArray text = QJsonDocument::fromVariant(globalMap).toJson();
-    if (jsonfile::write(jsonPath, text) != jsonfile::WriteResult::Written)
+    if (file.write(text) != JsonFile::WriteResult::Written)
         qDebug() << "Global Json not found on write";
 }
 
@@ -97,7 +100,7 @@ void GlobalPresetInterface::slotImportGlobalMap(QVariantMap map)
 
 void GlobalPresetInterface::slotClearGlobalPreset()
 {
-    const auto bytes = jsonfile::read(pathOf(QStringLiteral("Blank.jsumglobalmap")));
+    const auto bytes = diskfile::readFile(pathOf(QStringLiteral("Blank.jsumglobalmap")));
     if (!bytes) {
         qDebug() << "Blank Global JSON not found";
         return;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "jsonfile.h"
+
 #include <QObject>
 #include <QTimer>
 #include <QVariantMap>
@@ -19,6 +21,8 @@ public:
     // which ends in a slash, and not in the working directory.
     QString resourcesFolder;
     bool useResourcesFolder = false;
+    // Likewise: whether the folder is this editor's; in another's, nothing is touched.
+    JsonFile::Access access = JsonFile::Access::Full;
 
     // A control that changes a global value starts the timer with 1 ms if it isn't active, and sets
     // the count of its ticks to 0.
@@ -63,7 +67,7 @@ private:
 
     QVariantMap globalMap;
     QVariantMap defaultGlobalMap;
-    QString jsonPath;
+    JsonFile file;
     bool demoMode = false;
     QVariantMap globalMapBeforeDemo;
 };

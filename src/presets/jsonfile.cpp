@@ -6,15 +6,13 @@
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
-#include <QHash>
 #include <QJsonDocument>
 #include <QRegularExpression>
 
-namespace jsonfile
-{
-
 namespace
 {
+
+using WriteResult = JsonFile::WriteResult;
 
 constexpr int dailyCopiesKept = 7;
 
@@ -22,28 +20,6 @@ QString keptName(const QString& file) { return file + QStringLiteral(".bak"); }
 
 // A file under this name is being made and takes its real name once it is whole.
 QString unfinishedName(const QString& file) { return file + QStringLiteral(".new"); }
-
-struct Fingerprint {
-    qsizetype size;
-    size_t hash;
-    bool operator==(const Fingerprint&) const = default;
-};
-
-Fingerprint fingerprint(const QByteArray& bytes) { return {bytes.size(), qHash(bytes)}; }
-
-// Each file's version that was last known to be a document. Content, not times, tells whether the
-// file is still the same: to be copied it must be read anyway, and a parse takes several times as
-// long.
-QHash<QString, Fingerprint>& knownDocuments()
-{
-    static QHash<QString, Fingerprint> known;
-    return known;
-}
-
-void remember(const QString& file, const QByteArray& bytes)
-{
-    knownDocuments().insert(file, fingerprint(bytes));
-}
 
 std::optional<QJsonObject> parsed(const QByteArray& bytes)
 {
@@ -55,17 +31,6 @@ std::optional<QJsonObject> parsed(const QByteArray& bytes)
     return document.isObject() ? std::optional(document.object()) : std::nullopt;
 }
 
-bool isWhole(const QString& file, const QByteArray& bytes)
-{
-    const auto known = knownDocuments().constFind(file);
-    if (known != knownDocuments().constEnd() && *known == fingerprint(bytes))
-        return true;
-    if (!parsed(bytes))
-        return false;
-    remember(file, bytes);
-    return true;
-}
-
 // Cheap enough for every save, and refuses what a slip would make of a document: nothing, "null",
 // an array.
 bool hasBraces(const QByteArray& bytes)
@@ -74,18 +39,13 @@ bool hasBraces(const QByteArray& bytes)
     return text.size() >= 2 && text.front() == '{' && text.back() == '}';
 }
 
-std::optional<QByteArray> readFile(const QString& name)
-{
-    diskfile::RegularFile file(name);
-    if (file.open(QIODevice::ReadOnly) != diskfile::Opened::Yes)
-        return std::nullopt;
-    return file.readAll();
-}
-
-QString freeAsideName(const QString& file)
+// Dated, and taken by nothing yet. kind: what is wrong with what gets it.
+QString freeAsideName(const QString& file, const QString& kind)
 {
     const QString dated =
-        file + QDateTime::currentDateTime().toString(QStringLiteral("'.bad-'yyyyMMdd-HHmmss"));
+        QStringLiteral("%1.%2-%3")
+            .arg(file, kind,
+                 QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
     QString name = dated;
     for (int number = 2; QFileInfo::exists(name); ++number)
         name = QStringLiteral("%1-%2").arg(dated, QString::number(number));
@@ -95,7 +55,7 @@ QString freeAsideName(const QString& file)
 // The file gives its name to a whole one that is on disk already, and stays under a dated one.
 std::error_code setAsideFor(const QString& whole, const QString& file)
 {
-    const QString aside = freeAsideName(file);
+    const QString aside = freeAsideName(file, QStringLiteral("bad"));
     if (const std::error_code error = diskfile::rename(file, aside))
         return error;
     if (const std::error_code error = diskfile::rename(whole, file)) {
@@ -125,10 +85,8 @@ WriteResult writeInPlace(diskfile::RegularFile& file, const QByteArray& bytes,
                          const QByteArray& old)
 {
     // Truncated first, not written over: a mixture of two versions could pass for a document.
-    if (file.overwrite(bytes)) {
-        remember(file.name(), bytes);
+    if (file.overwrite(bytes))
         return WriteResult::Written;
-    }
     return file.overwrite(old) ? WriteResult::Restored : WriteResult::NotRestored;
 }
 
@@ -149,10 +107,8 @@ WriteResult writeOverBadFile(diskfile::RegularFile& file, const QByteArray& byte
     if (!error) {
         file.close();
         error = setAsideFor(unfinished, file.name());
-        if (!error) {
-            remember(file.name(), bytes);
+        if (!error)
             return WriteResult::Written;
-        }
         QFile::remove(unfinished);
     }
     if (!diskfile::isFolderRefusing(error))
@@ -162,28 +118,33 @@ WriteResult writeOverBadFile(diskfile::RegularFile& file, const QByteArray& byte
     return writeInPlace(file, bytes, old);
 }
 
-// The kept copy, when it is good, takes the place of the file; bad is what is there, if anything.
-std::optional<QJsonObject> putKeptCopyBack(diskfile::RegularFile& file,
-                                           const std::optional<QByteArray>& bad)
+// As a copy: the file itself keeps its name at every moment.
+bool keepAnothers(const diskfile::RegularFile& file, const QByteArray& document)
+{
+    const QString aside = freeAsideName(file.name(), QStringLiteral("other"));
+    if (diskfile::create(aside, document, &file) || !diskfile::flushFolder(aside)) {
+        qDebug() << "JSON file changed by another program, and not written:" << file.name();
+        return false;
+    }
+    qDebug() << "JSON file changed by another program, whose version is kept as" << aside;
+    return true;
+}
+
+// The kept copy takes the place of the file, where there is a bad one or none.
+void putKeptCopyBack(diskfile::RegularFile& file, const QByteArray& kept, bool isBadThere)
 {
     const QString name = file.name();
-    const std::optional<QByteArray> kept = readFile(keptName(name));
-    std::optional<QJsonObject> object = kept ? parsed(*kept) : std::nullopt;
-    if (!object)
-        return std::nullopt;
     file.close();
     const std::error_code error =
-        bad ? setAsideFor(keptName(name), name) : diskfile::rename(keptName(name), name);
+        isBadThere ? setAsideFor(keptName(name), name) : diskfile::rename(keptName(name), name);
     const bool isBack = !error
         // Where no name can change, at least the content can; the copy stays as it is.
-        || (bad && diskfile::isFolderRefusing(error)
-            && file.open(QIODevice::ReadWrite) == diskfile::Opened::Yes && file.overwrite(*kept));
+        || (isBadThere && diskfile::isFolderRefusing(error)
+            && file.open(QIODevice::ReadWrite) == diskfile::Opened::Yes && file.overwrite(kept));
     if (!isBack)
-        return std::nullopt;
+        return;
     diskfile::flushFolder(name);
-    remember(name, *kept);
     qDebug() << "JSON file restored from its kept copy:" << name;
-    return object;
 }
 
 // Removes all of a file's daily copies but the last seven, and those that were never finished.
@@ -210,23 +171,93 @@ void thinOut(const QDir& folder, const QFileInfo& file, const QString& newest)
 
 } // namespace
 
-std::optional<QByteArray> read(const QString& path) { return readFile(path); }
-
-bool isDocument(const QByteArray& bytes) { return parsed(bytes).has_value(); }
-
-WriteResult write(const QString& path, const QByteArray& bytes)
+void JsonFile::setPath(const QString& place, Access granted)
 {
-    if (!hasBraces(bytes))
+    if (place != filePath || granted != access)
+        *this = JsonFile(place, granted);
+}
+
+void JsonFile::remember(const QByteArray& bytes)
+{
+    seen = fingerprint(bytes);
+    looked = true;
+    refused = false;
+}
+
+bool JsonFile::isWhole(const QByteArray& bytes) const
+{
+    return seen == fingerprint(bytes) || parsed(bytes);
+}
+
+bool JsonFile::isAnothers(const QByteArray& document) const
+{
+    return looked && seen != fingerprint(document);
+}
+
+std::optional<QJsonObject> JsonFile::readAtStart()
+{
+    diskfile::RegularFile file(diskfile::followLinks(filePath));
+    const bool mayTouch = access == Access::Full;
+    if (mayTouch) {
+        QFile::remove(unfinishedName(file.name()));
+        QFile::remove(unfinishedName(keptName(file.name())));
+    }
+
+    std::optional<QByteArray> bytes;
+    const diskfile::Opened opened = file.open(QIODevice::ReadOnly);
+    if (opened == diskfile::Opened::Yes)
+        bytes = file.readAll();
+    if (!bytes && opened != diskfile::Opened::Missing) {
+        refused = !looked;
+        return std::nullopt;
+    }
+    refused = false;
+    looked = true;
+    if (bytes) {
+        if (std::optional<QJsonObject> object = parsed(*bytes)) {
+            remember(*bytes);
+            return object;
+        }
+    }
+
+    const std::optional<QByteArray> kept = diskfile::readFile(keptName(file.name()));
+    if (std::optional<QJsonObject> object = kept ? parsed(*kept) : std::nullopt) {
+        if (mayTouch)
+            putKeptCopyBack(file, *kept, bytes.has_value());
+        remember(*kept);
+        return object;
+    }
+    seen.reset();
+    return bytes ? std::optional(QJsonObject()) : std::nullopt;
+}
+
+std::optional<QVariantMap> JsonFile::load()
+{
+    const std::optional<QJsonObject> document = readAtStart();
+    if (!document)
+        return std::nullopt;
+    keepDailyCopy(QFileInfo(filePath).path() + QStringLiteral("/backups"));
+    return document->toVariantMap();
+}
+
+JsonFile::WriteResult JsonFile::write(const QByteArray& bytes)
+{
+    if (access == Access::LookOnly || refused || !hasBraces(bytes))
         return WriteResult::Untouched;
-    diskfile::RegularFile file(diskfile::followLinks(path));
+    const WriteResult result = replace(diskfile::followLinks(filePath), bytes);
+    if (result == WriteResult::Written)
+        remember(bytes);
+    return result;
+}
+
+JsonFile::WriteResult JsonFile::replace(const QString& name, const QByteArray& bytes)
+{
+    diskfile::RegularFile file(name);
     switch (file.open(QIODevice::ReadWrite)) {
     case diskfile::Opened::Yes:
         break;
     case diskfile::Opened::Missing:
-        if (makeUnderName(file.name(), bytes, nullptr))
-            return WriteResult::Untouched;
-        remember(file.name(), bytes);
-        return WriteResult::Written;
+        return makeUnderName(name, bytes, nullptr) ? WriteResult::Untouched : WriteResult::Written;
     case diskfile::Opened::Refused:
         return WriteResult::Untouched;
     }
@@ -236,54 +267,31 @@ WriteResult write(const QString& path, const QByteArray& bytes)
         return WriteResult::Untouched;
     if (*old == bytes)
         return file.flush() ? WriteResult::Written : WriteResult::Untouched;
-    return isWhole(file.name(), *old) ? writeOverDocument(file, bytes, *old)
-                                      : writeOverBadFile(file, bytes, *old);
-}
-
-std::optional<QJsonObject> readAtStart(const QString& path)
-{
-    diskfile::RegularFile file(diskfile::followLinks(path));
-    QFile::remove(unfinishedName(file.name()));
-    QFile::remove(unfinishedName(keptName(file.name())));
-
-    std::optional<QByteArray> bytes;
-    switch (file.open(QIODevice::ReadOnly)) {
-    case diskfile::Opened::Yes:
-        bytes = file.readAll();
-        if (!bytes)
-            return std::nullopt;
-        if (std::optional<QJsonObject> object = parsed(*bytes)) {
-            remember(file.name(), *bytes);
-            return object;
-        }
-        break;
-    case diskfile::Opened::Missing:
-        break;
-    case diskfile::Opened::Refused:
-        return std::nullopt;
+    if (!isWhole(*old))
+        return writeOverBadFile(file, bytes, *old);
+    if (isAnothers(*old)) {
+        if (!keepAnothers(file, *old))
+            return WriteResult::Untouched;
+        remember(*old); // kept once, also when the rest fails and is tried again
     }
-    if (std::optional<QJsonObject> kept = putKeptCopyBack(file, bytes))
-        return kept;
-    return bytes ? std::optional(QJsonObject()) : std::nullopt;
+    return writeOverDocument(file, bytes, *old);
 }
 
-void keepDailyCopy(const QString& path, const QString& folder, const QDate& today)
+void JsonFile::keepDailyCopy(const QString& folder, const QDate& today)
 {
-    const QFileInfo info(path);
+    const QFileInfo info(filePath);
     const QDir copies(folder);
     const QString name =
         QStringLiteral("%1-%2.%3")
             .arg(info.completeBaseName(), today.toString(Qt::ISODate), info.suffix());
-    if (!copies.exists() || copies.exists(name))
+    if (access == Access::LookOnly || !copies.exists() || copies.exists(name))
         return;
-    diskfile::RegularFile file(diskfile::followLinks(path));
+    diskfile::RegularFile file(diskfile::followLinks(filePath));
     if (file.open(QIODevice::ReadOnly) != diskfile::Opened::Yes)
         return;
     const std::optional<QByteArray> bytes = file.readAll();
-    if (!bytes || !isWhole(file.name(), *bytes))
+    if (!bytes || !isWhole(*bytes))
         return;
     if (!makeUnderName(copies.filePath(name), *bytes, &file))
         thinOut(copies, info, name);
 }
-
-} // namespace jsonfile

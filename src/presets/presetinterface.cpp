@@ -1,9 +1,7 @@
 #include "presetinterface.h"
 
-#include "jsonfile.h"
 #include "presetdefaults.h"
 #include "presetnames.h"
-#include "storefile.h"
 
 #include <QDebug>
 
@@ -44,14 +42,17 @@ QString PresetInterface::pathOf(const QString& fileName) const
                               : QStringLiteral("resources/presets/%1").arg(fileName);
 }
 
-void PresetInterface::slotUpdateJSONPath() { jsonPath = pathOf(QStringLiteral("jsum.json")); }
+void PresetInterface::slotUpdateJSONPath()
+{
+    file.setPath(pathOf(QStringLiteral("jsum.json")), access);
+}
 
 void PresetInterface::slotReadJSON()
 {
-    auto library = readStoreFile(jsonPath);
+    auto library = file.load();
     if (!library) {
         qDebug().noquote() << QStringLiteral("WARNING: JSum Editor JSON Not Found - path: ")
-                + jsonPath;
+                + file.path();
         return;
     }
     qDebug() << "JSum Editor JSON Found";
@@ -76,10 +77,10 @@ void PresetInterface::slotReadJSON()
 
 void PresetInterface::slotWriteJSON(QVariantMap jsonMap)
 {
-    if (demoMode)
+    if (demoMode || access == JsonFile::Access::LookOnly)
         return;
     const QByteArray text = libraryText.textOf(jsonMap);
-    if (jsonfile::write(jsonPath, text) != jsonfile::WriteResult::Written)
+    if (file.write(text) != JsonFile::WriteResult::Written)
         qDebug() << "JSum Editor JSON Not Found";
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jsonfile.h"
 #include "librarytext.h"
 #include "reorderablelistwidget.h"
 
@@ -32,6 +33,8 @@ public:
     // which ends in a slash, and not in the working directory.
     QString resourcesFolder;
     bool useResourcesFolder = false;
+    // Likewise: whether the folder is this editor's; in another's, nothing is touched.
+    JsonFile::Access access = JsonFile::Access::Full;
 
     // The full-power view starts the timer with 1 ms at a report on preset 0 if it isn't active,
     // and sets the count of its ticks to 0.
@@ -39,6 +42,9 @@ public:
     int liveMemoryTicks = 0;
 
     int currentPresetNumber() const { return currentPreset; } // -1: none
+    // How many presets there are, numbered from 0 without a gap. What else stands in the file, stray
+    // keys and entries beyond the limit, is none.
+    int presetCount() const;
     // With its edits.
     QVariantMap workingPreset(int presetNum) const;
     // To be asked before a new preset is made: slotSavePresetAs then refuses, and nothing gets
@@ -167,7 +173,7 @@ private:
     QList<QVariantMap> savedList;
     QList<QVariantMap> workingList;
     QVariantMap defaultMap;
-    QString jsonPath;
+    JsonFile file;
     int currentPreset = -1;
     bool demoMode = false;
     bool syncComplete = false;

@@ -1,6 +1,6 @@
 #include "presetinterface.h"
 
-#include "jsonfile.h"
+#include "diskfile.h"
 #include "presetdefaults.h"
 #include "presetnames.h"
 
@@ -43,7 +43,7 @@ void PresetInterface::pasteParameters(const QVariantMap& values)
 
 QVariantMap PresetInterface::blankPreset() const
 {
-    const auto bytes = jsonfile::read(pathOf(QStringLiteral("Blank.jsumpreset")));
+    const auto bytes = diskfile::readFile(pathOf(QStringLiteral("Blank.jsumpreset")));
     const QJsonObject blank = QJsonDocument::fromJson(bytes.value_or(QByteArray())).object();
     QVariantMap preset = presetdefaults::preset();
     preset.remove(presetNameKey());

@@ -1,8 +1,5 @@
 #include "setlist.h"
 
-#include "jsonfile.h"
-#include "storefile.h"
-
 #include <QDebug>
 #include <QEvent>
 #include <QJsonDocument>
@@ -105,16 +102,17 @@ void Setlist::slotInitComponents(QList<QComboBox*> slotMenus)
 
 void Setlist::slotUpdateJSONPath()
 {
-    jsonPath = resourcesInAppData ? QStringLiteral("%1presets/setlist.json").arg(resourcesFolder)
-                                  : QStringLiteral("resources/presets/setlist.json");
+    file.setPath(resourcesInAppData ? QStringLiteral("%1presets/setlist.json").arg(resourcesFolder)
+                                    : QStringLiteral("resources/presets/setlist.json"),
+                 access);
     slotReadSetlist();
 }
 
 void Setlist::slotReadSetlist()
 {
-    const auto document = readStoreFile(jsonPath);
+    const auto document = file.load();
     if (!document) {
-        qDebug().noquote() << QStringLiteral("Setlist Not Found - path: ") + jsonPath;
+        qDebug().noquote() << QStringLiteral("Setlist Not Found - path: ") + file.path();
         return;
     }
     setlistMap = *document;
@@ -147,10 +145,10 @@ void Setlist::slotCompileSetlist()
 
 void Setlist::slotWriteSetlist()
 {
-    if (demoMode)
+    if (demoMode || access == JsonFile::Access::LookOnly)
         return;
     const QByteArray text = QJsonDocument::fromVariant(setlistMap).toJson(QJsonDocument::Indented);
-    if (jsonfile::write(jsonPath, text) != jsonfile::WriteResult::Written)
+    if (file.write(text) != JsonFile::WriteResult::Written)
         qDebug() << "Setlist not found on write";
 }
 

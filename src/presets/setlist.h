@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jsonfile.h"
 #include "reorderablelistwidget.h"
 #include "wires.h"
 
@@ -24,6 +25,8 @@ public:
     // which ends in a slash, and not in the working directory.
     QString resourcesFolder;
     bool resourcesInAppData = false;
+    // Likewise: whether the folder is this editor's; in another's, nothing is touched.
+    JsonFile::Access access = JsonFile::Access::Full;
 
     // A preset's name, "[OFF]" or "[DEFAULT]"; empty for a slot that has none. The preset need not
     // exist.
@@ -65,7 +68,7 @@ private:
     void setAllOff();
 
     QList<QComboBox*> menus;
-    QString jsonPath;
+    JsonFile file;
     QVariantMap setlistMap;
     bool populating = false;
     bool writeHeld = false;

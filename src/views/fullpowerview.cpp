@@ -46,6 +46,7 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
     setStyleSheet(pageStyleSheet());
     setlist->resourcesFolder = folder;
     setlist->resourcesInAppData = resourcesInAppData;
+    setlist->access = presets->access;
     setlist->slotUpdateJSONPath();
 
     setGeometry(0, 0, widthWithPresets, heightInPixels);

@@ -3,6 +3,7 @@
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
 #include "presetinterface.h"
+#include "secondeditor.h"
 #include "sysexmanager.h"
 #include "testcase.h"
 #include "viewmanager.h"
@@ -12,10 +13,12 @@
 #include <QFile>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTextEdit>
+#include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
 
@@ -47,12 +50,12 @@ class TestViewManager : public TestCase
         QDir().mkdir("resources");
     }
 
-    void open()
+    void open(JsonFile::Access presetsAccess = JsonFile::Access::Full)
     {
         window.reset();
         auto fake = std::make_unique<FakePorts>();
         ports = fake.get();
-        window = std::make_unique<ViewManager>(std::move(fake));
+        window = std::make_unique<ViewManager>(std::move(fake), presetsAccess);
         window->show();
     }
     void plug()
@@ -293,7 +296,8 @@ private slots:
         QVERIFY(QDir().mkpath("resources/presets"));
         QFile library("resources/presets/jsum.json");
         QVERIFY(library.open(QIODevice::ReadWrite));
-        const QByteArray before = "{\"Preset_000\":{\"faderframe_ch1_fader\":3000}}";
+        const QByteArray before = "{\"Preset_000\":{\"preset_name\":\"[CONNECTION SYNC]\","
+                                  "\"faderframe_ch1_fader\":3000}}";
         library.write(before);
         library.close();
         open();
@@ -312,6 +316,54 @@ private slots:
         QVERIFY(!QFile::exists("resources/presets/global.json"));
         changeAndSave();
         QVERIFY(QFile::exists("resources/presets/global.json"));
+    }
+
+    void secondEditorAsks()
+    {
+        for (const auto& [answer, isYes] :
+             {std::pair("Go On Without Saving", true), {"Quit", false}, {"", false}}) {
+            QTimer::singleShot(0, this, [answer = QString(answer)] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                for (QAbstractButton* button : box->buttons())
+                    if (button->text() == answer)
+                        return button->click();
+                QTest::keyClick(box, Qt::Key_Escape);
+            });
+            QCOMPARE(mayGoOnWithoutSaving(), isYes);
+        }
+    }
+
+    // The first editor may be in the midst of a save, or keep a setlist that was not read yet.
+    void secondEditorTouchesNothing()
+    {
+        const QDir presets("resources/presets");
+        QVERIFY(QDir().mkpath(presets.filePath("backups")));
+        const auto write = [&presets](const char* name, const QByteArray& bytes) {
+            QFile file(presets.filePath(name));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        };
+        const auto contents = [&presets] {
+            QStringList all;
+            for (const QString& name : presets.entryList(QDir::Files | QDir::Hidden)) {
+                QFile file(presets.filePath(name));
+                all << name << (file.open(QIODevice::ReadOnly) ? file.readAll() : "");
+            }
+            return all + QDir(presets.filePath("backups")).entryList(QDir::Files);
+        };
+        write("jsum.json", "{ \"half");
+        write("jsum.json.bak", "{\"Preset_000\":{\"preset_name\":\"[CONNECTION SYNC]\"}}");
+        write("global.json", "{\"Global\":{}}");
+        write("setlist.json.new", "{ \"half");
+        write("setlist.json.bak", "{\"A\":\"[OFF]\"}");
+        const QStringList before = contents();
+        open(JsonFile::Access::LookOnly);
+        plug();
+        answerQuery();
+        QCOMPARE(window->presets()->presetCount(), 1);
+        window->presets()->slotSavePreset(0);
+        window->globals()->slotWriteDefaultGlobal();
+        action("Auto Populate Setlist")->trigger();
+        QCOMPARE(contents(), before);
     }
 
     void closingWaitsForARunningUpdate()

@@ -69,6 +69,20 @@ private slots:
                             "        \"led_brightness\": 9\n    },\n    \"more\": 2\n}\n"));
     }
 
+    // What this map never held is not written over by it.
+    void fileThatCannotBeRead()
+    {
+        QDir().mkdir(folder->file("global.json"));
+        store->slotReadGlobal();
+        QDir().rmdir(folder->file("global.json"));
+        const QByteArray bytes = R"({"Global":{"led_brightness":1,"tone_gen_freq":2}})";
+        folder->write("global.json", bytes);
+        store->slotStoreGlobal("led_brightness", 3);
+        store->slotWriteGlobal();
+        store->slotWriteDefaultGlobal();
+        QCOMPARE(folder->bytes("global.json"), bytes);
+    }
+
     void clearBringsTheTemplateIntoLine()
     {
         QVariantMap blank = presetdefaults::globals();

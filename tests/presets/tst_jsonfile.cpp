@@ -1,3 +1,4 @@
+#include "diskfile.h"
 #include "jsonfile.h"
 #include "testcase.h"
 
@@ -27,6 +28,7 @@ const QByteArray newText = "{\n    \"a\": 2,\n    \"b\": true\n}\n";
 // As on a full disk, no file grows beyond this size.
 bool limitFileSize(rlim_t bytes)
 {
+    ::signal(SIGXFSZ, SIG_IGN);
     rlimit limit;
     ::getrlimit(RLIMIT_FSIZE, &limit);
     limit.rlim_cur = std::min(bytes, limit.rlim_max);
@@ -46,8 +48,8 @@ QByteArray numbered(int number)
 // What the killed process does: saves one document after the other and tells of each.
 int saveForEver(const QString& path, int number)
 {
-    for (;; ++number) {
-        if (jsonfile::write(path, numbered(number)) != jsonfile::WriteResult::Written)
+    for (JsonFile file(path);; ++number) {
+        if (file.write(numbered(number)) != JsonFile::WriteResult::Written)
             return 1;
         QTextStream(stdout) << number << Qt::endl;
     }
@@ -59,7 +61,7 @@ class TestJsonFile : public TestCase
 {
     Q_OBJECT
 
-    using Result = jsonfile::WriteResult;
+    using Result = JsonFile::WriteResult;
 
     std::unique_ptr<QTemporaryDir> folder;
     QString path;
@@ -114,14 +116,14 @@ private slots:
 
     void savesKeepTheVersionBefore()
     {
-        QCOMPARE(jsonfile::write(path, oldText), Result::Written);
+        QCOMPARE(JsonFile(path).write(oldText), Result::Written);
         QCOMPARE(names(), QStringList{"jsum.json"});
         ::chmod(QFile::encodeName(path), 0640);
-        QCOMPARE(jsonfile::write(path, newText), Result::Written);
+        QCOMPARE(JsonFile(path).write(newText), Result::Written);
         QCOMPARE(content(kept), oldText);
         // The same once more must not cost the version before.
         for (int i = 0; i < 2; ++i) {
-            QCOMPARE(jsonfile::write(path, oldText), Result::Written);
+            QCOMPARE(JsonFile(path).write(oldText), Result::Written);
             QCOMPARE(content(path), oldText);
             QCOMPARE(content(kept), newText);
         }
@@ -131,20 +133,70 @@ private slots:
             QCOMPARE(status.st_mode & 07777, 0640u);
         }
         // What an earlier save has left is not parsed again; another program's change must be.
+        JsonFile file(path);
+        QCOMPARE(file.write(oldText), Result::Written);
         put(path, QByteArray(oldText).replace('}', ' '));
-        QCOMPARE(jsonfile::write(path, oldText), Result::Written);
+        QCOMPARE(file.write(oldText), Result::Written);
         QCOMPARE(content(kept), newText);
         QCOMPARE(names().size(), 3);
+    }
+
+    void changedByAnother()
+    {
+        const QByteArray other = "{\"other\": 1}";
+        const auto kinds = [&] { return names().filter("jsum.json.other-"); };
+        JsonFile file(path);
+        QVERIFY(!file.readAtStart());
+        put(path, other); // where nothing was
+        QCOMPARE(file.write(oldText), Result::Written);
+        QCOMPARE(content(path), oldText);
+        QCOMPARE(kinds().size(), 1);
+        QCOMPARE(content(folder->filePath(kinds().first())), other);
+
+        QCOMPARE(file.write(newText), Result::Written); // its own
+        put(path, newText);                             // the same again
+        QCOMPARE(file.write(oldText), Result::Written);
+        QCOMPARE(kinds().size(), 1);
+        put(path, other + ' ');
+        QVERIFY(limitFileSize(3)); // no room for what would be lost
+        QCOMPARE(file.write(newText), Result::Untouched);
+        QVERIFY(limitFileSize(RLIM_INFINITY));
+        QCOMPARE(content(path), other + ' ');
+        QCOMPARE(file.write(newText), Result::Written);
+        QCOMPARE(kinds().size(), 2);
+        QCOMPARE(names().size(), 4);
+    }
+
+    // In a folder that another editor uses, not even what is broken is mended.
+    void onlyLookedAt()
+    {
+        QVERIFY(QDir(folder->path()).mkdir("backups"));
+        put(kept, oldText);
+        put(path + ".new", "{ \"half");
+        for (const char* bytes : {"{\"a\":1}", "{", ""}) {
+            if (*bytes != 0)
+                put(path, bytes);
+            else
+                QFile::remove(path);
+            const QStringList before = names();
+            JsonFile file(path, JsonFile::Access::LookOnly);
+            QCOMPARE(file.load(), std::optional(QVariantMap({{"a", 1}}))); // shown all the same
+            QCOMPARE(file.write(newText), Result::Untouched);
+            QCOMPARE(names(), before);
+            QCOMPARE(content(path), *bytes != 0 ? QByteArray(bytes) : "(none)");
+            QCOMPARE(content(kept), oldText);
+            QVERIFY(QDir(folder->filePath("backups")).isEmpty());
+        }
     }
 
     void slipsOfTheCallerAreRefused()
     {
         put(path, oldText);
         for (const char* bytes : {"", "null\n", "[\n]\n", "{\n    \"a\": 1,\n", "{"})
-            QCOMPARE(jsonfile::write(path, bytes), Result::Untouched);
+            QCOMPARE(JsonFile(path).write(bytes), Result::Untouched);
         QCOMPARE(content(path), oldText);
         QCOMPARE(names(), QStringList{"jsum.json"});
-        QCOMPARE(jsonfile::write(folder->filePath("no/folder.json"), newText), Result::Untouched);
+        QCOMPARE(JsonFile(folder->filePath("no/folder.json")).write(newText), Result::Untouched);
     }
 
     void badFiles_data()
@@ -165,29 +217,29 @@ private slots:
         // Neither it nor its copy is any good: it stays, and reads as it is.
         put(path, bytes);
         put(kept, bytes);
-        QCOMPARE(jsonfile::readAtStart(path), QJsonObject());
-        QCOMPARE(jsonfile::read(path), bytes);
+        QCOMPARE(JsonFile(path).readAtStart(), QJsonObject());
+        QCOMPARE(diskfile::readFile(path), bytes);
         QCOMPARE(names().size(), 2);
 
         // With nothing but a good copy and what an interrupted save has left.
         QFile::remove(path);
         for (const char* ending : {".bak", ".new", ".bak.new"})
             put(path + ending, ending == QLatin1String(".bak") ? oldText : "{ \"half");
-        QCOMPARE(jsonfile::readAtStart(path), QJsonObject({{"a", 1}}));
+        QCOMPARE(JsonFile(path).readAtStart(), QJsonObject({{"a", 1}}));
         QCOMPARE(content(path), oldText);
         QCOMPARE(names(), QStringList{"jsum.json"});
 
         // With a good copy: set aside, and the copy is in its place.
         put(path, bytes);
         put(kept, oldText);
-        QCOMPARE(jsonfile::readAtStart(path), QJsonObject({{"a", 1}}));
+        QCOMPARE(JsonFile(path).readAtStart(), QJsonObject({{"a", 1}}));
         QCOMPARE(content(path), oldText);
         QCOMPARE(aside(), QList{bytes});
 
         // Met at a save: set aside as well, in the same second, and no good copy is lost to it.
         put(path, bytes);
         put(kept, oldText);
-        QCOMPARE(jsonfile::write(path, newText), Result::Written);
+        QCOMPARE(JsonFile(path).write(newText), Result::Written);
         QCOMPARE(content(path), newText);
         QCOMPARE(content(kept), oldText);
         QCOMPARE(aside(), (QList{bytes, bytes}));
@@ -210,9 +262,9 @@ private slots:
             if (kind == "a terabyte" && !QFile::resize(path, qint64{1} << 40))
                 continue; // this file system has no such files
             put(kept, oldText);
-            QVERIFY(!jsonfile::readAtStart(path));
-            QCOMPARE(jsonfile::write(path, newText), Result::Untouched);
-            jsonfile::keepDailyCopy(path, folder->path());
+            QVERIFY(!JsonFile(path).readAtStart());
+            QCOMPARE(JsonFile(path).write(newText), Result::Untouched);
+            JsonFile(path).keepDailyCopy(folder->path());
             QCOMPARE(names().size(), 2);
             QCOMPARE(content(kept), oldText);
         }
@@ -226,8 +278,8 @@ private slots:
             QVERIFY(QDir().mkpath(path + ending + "/full"));
             for (const QByteArray& before : {oldText, QByteArray("{")}) {
                 put(path, before);
-                jsonfile::readAtStart(path);
-                QCOMPARE(jsonfile::write(path, newText), Result::Written);
+                JsonFile(path).readAtStart();
+                QCOMPARE(JsonFile(path).write(newText), Result::Written);
                 QCOMPARE(content(path), newText);
             }
         }
@@ -242,11 +294,11 @@ private slots:
         QVERIFY(QFile::link("off/real.json", folder->filePath("far/second")));
         const QString real = folder->filePath("far/off/real.json");
 
-        QCOMPARE(jsonfile::write(path, oldText), Result::Written);
-        QCOMPARE(jsonfile::write(path, newText), Result::Written);
+        QCOMPARE(JsonFile(path).write(oldText), Result::Written);
+        QCOMPARE(JsonFile(path).write(newText), Result::Written);
         QCOMPARE(content(real), newText);
         put(real, "{");
-        jsonfile::readAtStart(path);
+        JsonFile(path).readAtStart();
         QCOMPARE(content(real), oldText);
         QCOMPARE(names(), (QStringList{"far", "jsum.json", "near"}));
     }
@@ -262,11 +314,11 @@ private slots:
         put(path, "{");
         put(kept, newText);
         QCOMPARE(::chmod(QFile::encodeName(folder->path()), 0500), 0);
-        jsonfile::readAtStart(path);
+        JsonFile(path).readAtStart();
         QCOMPARE(content(path), newText);
-        QCOMPARE(jsonfile::write(path, oldText), Result::Written);
+        QCOMPARE(JsonFile(path).write(oldText), Result::Written);
         ::chmod(QFile::encodeName(path), 0400);
-        QCOMPARE(jsonfile::write(path, newText), Result::Untouched);
+        QCOMPARE(JsonFile(path).write(newText), Result::Untouched);
         QCOMPARE(content(path), oldText);
         QCOMPARE(content(kept), newText);
         QCOMPARE(names().size(), 2);
@@ -281,12 +333,11 @@ private slots:
             const QByteArray old = whole ? "{\"old\": \"longer than older\"}" : "{\"old\": \"cut o";
             const QByteArray next = "{\"next\": \"longer than what was there\"}";
             QSet<Result> seen;
-            ::signal(SIGXFSZ, SIG_IGN);
             for (rlim_t space = 0; space <= static_cast<rlim_t>(next.size()); ++space) {
                 put(path, old);
                 put(kept, older);
                 QVERIFY(limitFileSize(space));
-                const Result result = jsonfile::write(path, next);
+                const Result result = JsonFile(path).write(next);
                 QVERIFY(limitFileSize(RLIM_INFINITY));
 
                 seen << result;
@@ -320,21 +371,38 @@ private slots:
             QVERIFY(saver.waitForFinished());
             QCOMPARE(saver.exitStatus(), QProcess::CrashExit);
             const int reported = saver.readAllStandardOutput().trimmed().split('\n').last().toInt();
-            const auto object = jsonfile::readAtStart(path);
+            const auto object = JsonFile(path).readAtStart();
             QVERIFY(object);
             const int found = object->value("last").toInt();
             QVERIFY(found == reported || found == reported + 1);
-            QCOMPARE(jsonfile::read(path), numbered(found));
+            QCOMPARE(diskfile::readFile(path), numbered(found));
             saved = found;
         }
         QVERIFY(saved > 0);
+    }
+
+    // It must not take a half-written file for a broken one, and put an old version in its place.
+    void anotherEditorStartsMeanwhile()
+    {
+        if (QFileInfo("/dev/shm").isWritable())
+            useFolderIn("/dev/shm");
+        put(path, numbered(0));
+        QProcess saver;
+        saver.start(QCoreApplication::applicationFilePath(), {"--save-for-ever", path, "1"});
+        QVERIFY(saver.waitForReadyRead());
+        for (int start = 0; start < 300; ++start)
+            JsonFile(path, JsonFile::Access::LookOnly).load();
+        QCOMPARE(saver.state(), QProcess::Running);
+        saver.kill();
+        QVERIFY(saver.waitForFinished());
+        QCOMPARE(aside().size() + names().filter(".other-").size(), 0);
     }
 
     void dailyCopies()
     {
         const QString copies = folder->filePath("backups");
         put(path, oldText);
-        jsonfile::keepDailyCopy(path, copies);
+        JsonFile(path).keepDailyCopy(copies);
         QVERIFY(!QFileInfo::exists(copies));
 
         QVERIFY(QDir().mkdir(copies));
@@ -345,7 +413,7 @@ private slots:
             // The first of the day counts that is a document.
             for (const QByteArray& bytes : {QByteArray("{"), oldText, newText}) {
                 put(path, bytes);
-                jsonfile::keepDailyCopy(path, copies, QDate(2026, 9, 30).addDays(day));
+                JsonFile(path).keepDailyCopy(copies, QDate(2026, 9, 30).addDays(day));
             }
         }
         const QStringList left = QDir(copies).entryList(QDir::Files, QDir::Name);
@@ -353,7 +421,7 @@ private slots:
         QCOMPARE(left.value(1), QString("jsum-2026-10-28.json"));
         QCOMPARE(content(copies + "/jsum-2026-10-28.json"), oldText);
         // A clock that has gone back.
-        jsonfile::keepDailyCopy(path, copies, QDate(1970, 1, 1));
+        JsonFile(path).keepDailyCopy(copies, QDate(1970, 1, 1));
         QCOMPARE(content(copies + "/jsum-1970-01-01.json"), newText);
     }
 };

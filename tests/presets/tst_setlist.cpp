@@ -127,6 +127,17 @@ private slots:
         }
     }
 
+    // What this map never held is not written over by it.
+    void fileThatCannotBeRead()
+    {
+        QDir().mkdir(folder->file("setlist.json"));
+        open({}, {"a", "b"});
+        QDir().rmdir(folder->file("setlist.json"));
+        folder->write("setlist.json", R"({"A":"b"})");
+        menus.first()->setCurrentText("a");
+        QCOMPARE(folder->bytes("setlist.json"), QByteArray(R"({"A":"b"})"));
+    }
+
     void failedWrite()
     {
         open({}, {"a", "b"});
