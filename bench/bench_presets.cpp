@@ -24,7 +24,9 @@ QVariantMap libraryOf(int presets)
     QVariantMap library;
     for (int number = 0; number < presets; ++number) {
         QVariantMap preset = presetdefaults::preset();
-        preset.insert(QStringLiteral("preset_name"), QStringLiteral("Preset %1").arg(number));
+        preset.insert(QStringLiteral("preset_name"),
+                      number == 0 ? QStringLiteral("[CONNECTION SYNC]")
+                                  : QStringLiteral("Preset %1").arg(number));
         preset.insert(parameter, 9000 + number);
         library.insert(QStringLiteral("Preset_%1").arg(number, 3, 10, QLatin1Char('0')), preset);
     }

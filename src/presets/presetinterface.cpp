@@ -26,6 +26,14 @@ qsizetype digitsOfKey(const QString& key)
 bool isPresetKey(const QString& key) { return digitsOfKey(key) == keyDigits; }
 bool isBeyondLimit(const QString& key) { return digitsOfKey(key) > keyDigits; }
 
+QString freeKeyBeyondLimit(const QVariantMap& library)
+{
+    int number = PresetInterface::maxPresets;
+    while (library.contains(QStringLiteral("Preset_%1").arg(number)))
+        ++number;
+    return QStringLiteral("Preset_%1").arg(number);
+}
+
 } // namespace
 
 PresetInterface::PresetInterface(QObject* parent)
@@ -57,22 +65,45 @@ void PresetInterface::slotReadJSON()
     }
     qDebug() << "JSum Editor JSON Found";
 
-    int number = 0;
+    QVariantList presets;
     const QStringList keys = library->keys();
     for (const QString& key : keys) {
         if (!isPresetKey(key))
             continue;
-        const QString dense = slotGetPresetStringFromInt(number++);
-        if (key == dense)
-            continue;
-        qDebug().noquote()
-            << QStringLiteral("gap in the preset numbers: %1 becomes %2").arg(key, dense);
-        library->insert(dense, library->take(key));
+        const QString dense = slotGetPresetStringFromInt(static_cast<int>(presets.size()));
+        if (key != dense)
+            qDebug().noquote()
+                << QStringLiteral("gap in the preset numbers: %1 becomes %2").arg(key, dense);
+        presets.append(library->take(key));
     }
+    putSyncPresetFirst(presets);
+    for (int number = 0; number < presets.size(); ++number)
+        library->insert(number < maxPresets ? slotGetPresetStringFromInt(number)
+                                            : freeKeyBeyondLimit(*library),
+                        presets.at(number));
     savedMap = *library;
     workingMap = savedMap;
     workingMap.detach(); // now, and not at the first movement of a control
     keysByName.clear();
+}
+
+// In a full library the last preset makes room: it stays in the file, beyond what can be numbered.
+void PresetInterface::putSyncPresetFirst(QVariantList& presets) const
+{
+    const auto isSync = [](const QVariant& preset) {
+        return nameOfPreset(preset.toMap()) == syncPresetName();
+    };
+    if (presets.isEmpty() || isSync(presets.first()))
+        return;
+    qDebug() << "the library's first preset is not the mixer's, which is put before it";
+    const auto astray = std::find_if(presets.begin(), presets.end(), isSync);
+    if (astray != presets.end()) {
+        std::rotate(presets.begin(), astray, astray + 1);
+        return;
+    }
+    QVariantMap sync = presetdefaults::preset();
+    sync.insert(presetNameKey(), syncPresetName());
+    presets.prepend(sync);
 }
 
 void PresetInterface::slotWriteJSON(QVariantMap jsonMap)

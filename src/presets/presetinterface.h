@@ -84,7 +84,9 @@ public:
 
 public slots:
     void slotUpdateJSONPath();
-    // Also puts right what a crash left of the file, and makes its daily copy.
+    // Also puts right what a crash left of the file, and makes its daily copy. Presets are numbered
+    // without a gap, behind the one that follows the mixer: without it, the first of them would be
+    // written over. A file without any preset stays so.
     void slotReadJSON();
     // Writes the map, a whole library.
     void slotWriteJSON(QVariantMap jsonMap);
@@ -148,6 +150,7 @@ signals:
 
 private:
     QString pathOf(const QString& fileName) const;
+    void putSyncPresetFirst(QVariantList& presets) const;
     int resolved(int presetNum) const { return presetNum == -1 ? currentPreset : presetNum; }
     bool contains(int presetNum) const;
     QVariantMap savedPreset(int presetNum) const;

@@ -84,7 +84,7 @@ private slots:
 
     void dirtyIsNumeric()
     {
-        read(R"({"Preset_000":{"preset_name":"x","a":3000.0,"b":true,"c":1}})");
+        read(R"({"Preset_000":{"preset_name":"[CONNECTION SYNC]","a":3000.0,"b":true,"c":1}})");
         const auto isDirty = [&](const QString& name, const QVariant& value) {
             store->slotStoreValue(name, value, 0);
             store->slotCheckSaveState(0);
