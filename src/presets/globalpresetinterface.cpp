@@ -7,6 +7,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <utility>
+
 namespace
 {
 
@@ -135,20 +137,26 @@ void GlobalPresetInterface::slotConstructGlobalDefaultMap()
 void GlobalPresetInterface::slotSetDemoModeEnabled(bool enabled)
 {
     const bool leaving = demoMode && !enabled;
-    if (enabled && !demoMode)
+    if (enabled && !demoMode) {
+        if (globalSaveTimer->isActive())
+            slotWriteGlobal();
+        globalSaveTimer->stop();
         globalMapBeforeDemo = globalMap;
+    }
     demoMode = enabled;
     if (enabled) {
         disconnect(globalSaveTimer, SIGNAL(timeout()), this, SLOT(slotSaveGlobalTimeout()));
+        // Whoever starts it need not know that nothing is written.
+        connect(globalSaveTimer, SIGNAL(timeout()), globalSaveTimer, SLOT(stop()),
+                Qt::UniqueConnection);
         return;
     }
+    disconnect(globalSaveTimer, SIGNAL(timeout()), globalSaveTimer, SLOT(stop()));
     // Not unique on purpose: without demo mode before it, the ticks count twice from here on.
     connect(globalSaveTimer, SIGNAL(timeout()), this, SLOT(slotSaveGlobalTimeout()));
     if (!leaving)
         return;
     globalSaveTimer->stop();
     globalSaveTicks = 0;
-    // The map from before for when the file can't be read.
-    globalMap = globalMapBeforeDemo;
-    slotReadGlobal();
+    globalMap = std::exchange(globalMapBeforeDemo, {});
 }

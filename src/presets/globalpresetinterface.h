@@ -50,7 +50,8 @@ public slots:
     // keys.
     void slotClearGlobalPreset();
     void slotConstructGlobalDefaultMap();
-    // Leaving demo mode drops what was changed in it and reads the file again.
+    // What waits to be written is, before demo mode begins. Leaving it drops what was changed in
+    // it.
     void slotSetDemoModeEnabled(bool enabled);
 
 signals:

@@ -42,8 +42,8 @@ public:
     int liveMemoryTicks = 0;
 
     int currentPresetNumber() const { return currentPreset; } // -1: none
-    // How many presets there are, numbered from 0 without a gap. What else stands in the file, stray
-    // keys and entries beyond the limit, is none.
+    // How many presets there are, numbered from 0 without a gap. What else stands in the file,
+    // stray keys and entries beyond the limit, is none.
     int presetCount() const;
     // With its edits.
     QVariantMap workingPreset(int presetNum) const;
@@ -127,7 +127,7 @@ public slots:
     QString slotAppendSuffixToNewPresetName(QString name);
     void slotSaveLiveMemoryTimeout();
     void slotSetSyncStatus(bool complete);
-    // Leaving demo mode drops what was changed in it.
+    // What waits to be saved is, before demo mode begins. Leaving it drops what was changed in it.
     void slotSetDemoModeEnabled(bool enabled);
 
 signals:
@@ -151,6 +151,7 @@ signals:
 private:
     QString pathOf(const QString& fileName) const;
     void putSyncPresetFirst(QVariantList& presets) const;
+    void saveLiveMemory();
     int resolved(int presetNum) const { return presetNum == -1 ? currentPreset : presetNum; }
     bool contains(int presetNum) const;
     QVariantMap savedPreset(int presetNum) const;

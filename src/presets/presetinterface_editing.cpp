@@ -91,7 +91,7 @@ void PresetInterface::slotSavePreset(int presetToSave)
     if (saved != 0)
         slotCheckSaveState(-1);
     slotWriteJSON(savedMap);
-    slotPopulatePresetLists();
+    slotPopulatePresetLists(); // nothing reads them before they are made anew
 }
 
 void PresetInterface::slotSavePresetAs(QString presetName, bool isForReceivingPreset,
@@ -216,6 +216,11 @@ void PresetInterface::slotSaveLiveMemoryTimeout()
     ++liveMemoryTicks;
     if (liveMemoryTicks <= liveMemoryQuietTicks)
         return;
+    saveLiveMemory();
+}
+
+void PresetInterface::saveLiveMemory()
+{
     if (contains(0)) {
         copyToSaved(0);
         slotWriteJSON(savedMap);
@@ -236,14 +241,20 @@ void PresetInterface::slotSetDemoModeEnabled(bool enabled)
 {
     const bool leaving = demoMode && !enabled;
     if (enabled && !demoMode) {
+        if (liveMemoryTimer->isActive())
+            saveLiveMemory();
         savedMapBeforeDemo = savedMap;
         workingMapBeforeDemo = workingMap;
     }
     demoMode = enabled;
     if (enabled) {
         disconnect(liveMemoryTimer, SIGNAL(timeout()), this, SLOT(slotSaveLiveMemoryTimeout()));
+        // Whoever starts it need not know that nothing is saved.
+        connect(liveMemoryTimer, SIGNAL(timeout()), liveMemoryTimer, SLOT(stop()),
+                Qt::UniqueConnection);
         return;
     }
+    disconnect(liveMemoryTimer, SIGNAL(timeout()), liveMemoryTimer, SLOT(stop()));
     // Not unique on purpose: without demo mode before it, the ticks count twice from here on.
     connect(liveMemoryTimer, SIGNAL(timeout()), this, SLOT(slotSaveLiveMemoryTimeout()));
     if (leaving)

@@ -28,6 +28,11 @@ class TestPresetEditing : public LibraryTest
     {
         store->slotStoreValue("reverbtab_pre_delay", value, presetNum);
     }
+    void tick(int times)
+    {
+        for (int i = 0; i < times; ++i)
+            QMetaObject::invokeMethod(store->liveMemoryTimer, "timeout");
+    }
     int delayOnDisk(int presetNum) const
     {
         return presetOnDisk(QString("Preset_00%1").arg(presetNum))
@@ -124,7 +129,13 @@ private slots:
         QCOMPARE(workingDelay(1), 11);
         store->slotSavePresetAs("more", true, true); // to receive all
         QCOMPARE(recorder->take(), QString("list menu:5 ready"));
-        store->slotSavePresetAs("by hand", false, false); // the edits move to the new preset
+        // The edits move to the new preset, and are gone from the old one before it is written.
+        const QByteArray before = onDisk();
+        bool isWritten = false;
+        connect(store.get(), &PresetInterface::signalPresetDoneRecalling, this,
+                [&] { isWritten = onDisk() != before; });
+        store->slotSavePresetAs("by hand", false, false);
+        QVERIFY(!isWritten);
         QCOMPARE(recorder->take(), QString("stereo-off stereo-on done list cut menu:6 join"));
         QCOMPARE(workingDelay(1), 1);
         QCOMPARE(delayOnDisk(1), 1);
@@ -175,6 +186,42 @@ private slots:
         }
     }
 
+    void liveMemory()
+    {
+        const QByteArray before = onDisk();
+        const auto edited = [this] {
+            store->liveMemoryTimer->start(100000);
+            edit(0, 10);
+            edit(1, 11);
+        };
+        edited();
+        tick(500);
+        QCOMPARE(onDisk(), before);
+        tick(1);
+        QCOMPARE(delayOnDisk(0), 10);
+        QCOMPARE(delayOnDisk(1), 1); // an edit that nobody saved
+        store->slotCheckSaveState(1);
+        QCOMPARE(recorder->take(), QString("dirty:1"));
+        QVERIFY(!store->liveMemoryTimer->isActive());
+
+        prepare();
+        edited();
+        store->slotSetDemoModeEnabled(true); // before its tick
+        QCOMPARE(delayOnDisk(0), 10);
+        QCOMPARE(delayOnDisk(1), 1);
+    }
+
+    // The view makes its list anew before it selects in it.
+    void deleting()
+    {
+        select(3);
+        edit(2, 42);
+        store->slotDeletePreset();
+        QCOMPARE(recorder->take(), QString("list clean:0 clean:1 dirty:2 menu:0"));
+        QCOMPARE(names(), QStringList({"[CONNECTION SYNC]", "a", "b"}));
+        QCOMPARE(store->currentPresetNumber(), 2);
+    }
+
     void demoModeLeavesNoTrace()
     {
         const QByteArray before = onDisk();
@@ -184,14 +231,18 @@ private slots:
         store->liveMemoryTimer->start(100000);
         edit(0, 10);
         edit(1, 11);
-        for (int i = 0; i < 600; ++i)
-            QMetaObject::invokeMethod(store->liveMemoryTimer, "timeout");
+        tick(600);
+        QVERIFY(!store->liveMemoryTimer->isActive()); // it would wake the processor for nothing
         store->slotSavePreset(1);
         store->slotRenamePreset("demo");
         store->slotSavePresetAs("more", true, false);
         recorder->take();
         store->slotRecallPreset(1); // also without a mixer
         QVERIFY(recorder->take().contains("recall:demo reverbtab_pre_delay=11"));
+        store->slotSendPreset(-1); // at no mixer's pace
+        for (const QTimer* const wait : store->findChildren<QTimer*>())
+            QVERIFY(wait == store->liveMemoryTimer || wait->interval() == 0);
+        recorder->take();
         QCOMPARE(onDisk(), before);
 
         store->slotSetDemoModeEnabled(false);
