@@ -35,28 +35,6 @@ QStringList namesIn(const ReorderableListWidget* presetList, int firstRow)
 
 } // namespace
 
-// While it lives, the menus may change any number of times, and the file is written once, at the
-// end: its kept copy is then the setlist from before all of them.
-class Setlist::OneWrite
-{
-public:
-    explicit OneWrite(Setlist* writer)
-        : setlist(writer)
-    {
-        setlist->writeHeld = true;
-    }
-    ~OneWrite()
-    {
-        setlist->writeHeld = false;
-        if (std::exchange(setlist->writeDue, false))
-            setlist->slotWriteSetlist();
-    }
-    Q_DISABLE_COPY_MOVE(OneWrite)
-
-private:
-    Setlist* setlist;
-};
-
 Setlist::Setlist(QWidget* parent)
     : QWidget(parent)
 {
@@ -132,14 +110,28 @@ void Setlist::slotRecallSetlist()
 void Setlist::slotCompileSetlist()
 {
     if (!populating) {
-        setlistMap.clear();
-        for (qsizetype slot = 0; slot < menus.size(); ++slot)
-            setlistMap.insert(letterOf(slot), menus.at(slot)->currentText());
-        if (writeHeld)
-            writeDue = true;
-        else
-            slotWriteSetlist();
+        setSlots(shownTexts());
+        return;
     }
+    emit signalGetPresetList();
+}
+
+QStringList Setlist::shownTexts() const
+{
+    QStringList texts;
+    for (const QComboBox* const menu : menus)
+        texts.append(menu->currentText());
+    return texts;
+}
+
+// However many change, the file is written and the menus are filled once, and the kept copy is the
+// setlist from before all of them. texts: one for each menu.
+void Setlist::setSlots(const QStringList& texts)
+{
+    setlistMap.clear();
+    for (qsizetype slot = 0; slot < texts.size(); ++slot)
+        setlistMap.insert(letterOf(slot), texts.at(slot));
+    slotWriteSetlist();
     emit signalGetPresetList();
 }
 
@@ -174,37 +166,31 @@ void Setlist::slotPopulateSetlistMenus(ReorderableListWidget* presetList)
 
 void Setlist::slotPopulateSetlistAfterDelete(ReorderableListWidget* presetList)
 {
-    const OneWrite once(this);
     const QStringList rows = namesIn(presetList, 0);
-    for (QComboBox* const menu : std::as_const(menus)) {
-        const QString text = menu->currentText();
+    const QStringList before = shownTexts();
+    QStringList texts = before;
+    for (QString& text : texts) {
         // The factory preset is no row, and goes too: that is how it is wanted.
-        if (text != off && !rows.contains(text))
-            menu->setCurrentText(off);
+        if (!rows.contains(text))
+            text = off;
     }
+    if (texts != before)
+        setSlots(texts);
 }
 
-void Setlist::setAllOff()
-{
-    for (QComboBox* const menu : std::as_const(menus))
-        menu->setCurrentText(off);
-}
-
-void Setlist::slotClearSetlist()
-{
-    const OneWrite once(this);
-    setAllOff();
-}
+void Setlist::slotClearSetlist() { setSlots(QStringList(menus.size(), off)); }
 
 void Setlist::slotAutoPopulateSetlist(ReorderableListWidget* presetList)
 {
-    const OneWrite once(this);
-    setAllOff();
+    QStringList texts(menus.size(), off);
     const QStringList names = namesIn(presetList, 1);
-    const qsizetype filled = std::min({qsizetype{slotCount}, names.size(), menus.size()});
-    // A name that stands in the list twice is no longer offered, and its second slot stays off.
-    for (qsizetype slot = 0; slot < filled; ++slot)
-        menus.at(slot)->setCurrentText(names.at(slot));
+    const qsizetype filled = std::min(names.size(), texts.size());
+    for (qsizetype slot = 0; slot < filled; ++slot) {
+        // A name that stands in the list twice has one slot only, and the second stays off.
+        if (!texts.contains(names.at(slot)))
+            texts[slot] = names.at(slot);
+    }
+    setSlots(texts);
 }
 
 void Setlist::slotSetDemoModeEnabled(bool enabled)

@@ -62,17 +62,14 @@ signals:
     void signalUpdateSendsAndReceives(bool enabled, QChar setlistLetter);
 
 private:
-    class OneWrite;
-
     Wire compileWire(QComboBox* menu);
-    void setAllOff();
+    QStringList shownTexts() const;
+    void setSlots(const QStringList& texts);
 
     QList<QComboBox*> menus;
     JsonFile file;
     QVariantMap setlistMap;
     bool populating = false;
-    bool writeHeld = false;
-    bool writeDue = false;
     bool demoMode = false;
     QVariantMap setlistMapBeforeDemo;
 };

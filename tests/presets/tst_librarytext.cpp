@@ -51,6 +51,13 @@ private slots:
         QCOMPARE(text.textOf(library), wanted(library));
         library.insert("Preset_000", library.take("Preset_004"));
         QCOMPARE(text.textOf(library), wanted(library));
+        // Of what is no longer there nothing is kept.
+        const QVariantMap old{{"preset_name", "old"}};
+        for (const QVariantMap& preset : {old, QVariantMap{{"preset_name", "new"}}}) {
+            library.insert("Preset_000", preset);
+            QCOMPARE(text.textOf(library), wanted(library));
+        }
+        QVERIFY(old.isDetached());
         library.clear();
         QCOMPARE(text.textOf(library), QByteArray("{\n}\n"));
     }
