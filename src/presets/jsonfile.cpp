@@ -39,7 +39,7 @@ bool hasBraces(const QByteArray& bytes)
     return text.size() >= 2 && text.front() == '{' && text.back() == '}';
 }
 
-// Dated, and taken by nothing yet. kind: what is wrong with what gets it.
+// Dated, and taken by nothing yet. kind: the word for why it is set aside.
 QString freeAsideName(const QString& file, const QString& kind)
 {
     const QString dated =
