@@ -8,7 +8,7 @@
 bool mayGoOnWithoutSaving()
 {
     QMessageBox box(QMessageBox::NoIcon, QStringLiteral("J-Sum Editor"),
-                    QStringLiteral("Another J-Sum Editor uses these presets."));
+                    QStringLiteral("At present another J-Sum Editor uses these presets."));
     box.setInformativeText(
         QStringLiteral("Two editors that save would undo each other's work. You can go on here, "
                        "but no preset, setlist or global setting will be saved, not even after the "

@@ -53,8 +53,6 @@ public:
     bool isDemoMode() const { return demoMode; }
     // While a recall lets events pass.
     bool isRecalling() const { return recalling; }
-    // Without stray keys and entries beyond the limit.
-    int presetCount() const;
 
     // What differs from the saved state that slotSendPreset sends: after both the mixer holds the
     // preset with its edits.
