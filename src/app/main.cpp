@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QLocale>
 
 #include <juce_events/juce_events.h>
 
@@ -13,6 +14,8 @@ int main(int argc, char* argv[])
 #ifdef JSUM_STRICT_CONNECTIONS
     installStrictConnections();
 #endif
+    // The instrument speaks with a point, whatever the system's language.
+    QLocale::setDefault(QLocale::c());
     findResources(argc > 0 ? argv[0] : nullptr);
     // JUCE's audio device list, asked once at a connection, wants its message manager.
     const juce::ScopedJuceInitialiser_GUI juce;

@@ -31,6 +31,14 @@ DragSpinBox<Base>::DragSpinBox(QWidget* parent, const QString& editingStyle)
     , plainStyle(editingStyle)
 {
     edit->installEventFilter(this);
+    this->setLocale(QLocale::c());
+}
+
+template <typename Base>
+QValidator::State DragSpinBox<Base>::validate(QString& text, int& position) const
+{
+    text.replace(QLatin1Char(','), QLatin1Char('.'));
+    return Base::validate(text, position);
 }
 
 template <typename Base> bool DragSpinBox<Base>::eventFilter(QObject* watched, QEvent* event)
@@ -63,8 +71,7 @@ template <typename Base> bool DragSpinBox<Base>::press(QPoint place)
 {
     dragging = true;
     pressY = place.y();
-    edit->setReadOnly(false);
-    setStyle(edit, plainStyle);
+    endDragLook();
     startDrag(place);
     if (!selectAllPending)
         return false;
@@ -73,9 +80,16 @@ template <typename Base> bool DragSpinBox<Base>::press(QPoint place)
     return true;
 }
 
+template <typename Base> void DragSpinBox<Base>::endDragLook()
+{
+    edit->setReadOnly(false);
+    setStyle(edit, plainStyle);
+}
+
 template <typename Base> void DragSpinBox<Base>::follow(QPoint place)
 {
-    // Stays so until the next press. What the line edit selects on the way is not to be seen.
+    // Stays so until the next press, of a button or of a key, or until the box gets the focus anew.
+    // What the line edit selects on the way is not to be seen.
     edit->setReadOnly(true);
     setStyle(edit, draggedStyle(grey));
     drag(pressY - place.y());
@@ -84,6 +98,19 @@ template <typename Base> void DragSpinBox<Base>::follow(QPoint place)
 template <typename Base> bool DragSpinBox<Base>::isForOwnMenu(const QFocusEvent* event) const
 {
     return menuOpen && event->reason() == Qt::PopupFocusReason;
+}
+
+template <typename Base> bool DragSpinBox<Base>::event(QEvent* event)
+{
+    // Before the line edit is asked whether a key is one of its shortcuts. What is typed replaces
+    // the whole number, as after the first click, not what the drag happened to select.
+    const bool isKey =
+        event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (isKey && edit->isReadOnly() && !dragging) {
+        endDragLook();
+        this->selectAll();
+    }
+    return Base::event(event);
 }
 
 template <typename Base> void DragSpinBox<Base>::contextMenuEvent(QContextMenuEvent* event)
@@ -113,9 +140,11 @@ template <typename Base> void DragSpinBox<Base>::keyPressEvent(QKeyEvent* event)
 
 template <typename Base> void DragSpinBox<Base>::focusInEvent(QFocusEvent* event)
 {
+    if (isForOwnMenu(event))
+        return;
+    endDragLook();
     Base::focusInEvent(event);
-    if (!isForOwnMenu(event))
-        selectAllPending = true;
+    selectAllPending = true;
 }
 
 template <typename Base> void DragSpinBox<Base>::focusOutEvent(QFocusEvent* event)
@@ -123,7 +152,9 @@ template <typename Base> void DragSpinBox<Base>::focusOutEvent(QFocusEvent* even
     // A context menu takes the release of the press that opened it, and a line edit hears moves
     // without any button: the pointer would go on turning the number.
     dragging = false;
-    Base::focusOutEvent(event);
+    // The base class would round off or take back what is half typed.
+    if (!isForOwnMenu(event))
+        Base::focusOutEvent(event);
 }
 
 template class DragSpinBox<QSpinBox>;

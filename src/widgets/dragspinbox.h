@@ -7,10 +7,13 @@ class QLineEdit;
 
 // What the number boxes have in common; Base is QSpinBox or QDoubleSpinBox. Dragging up and down on
 // the text changes the number, the first click selects all of it, Return and Enter leave the box.
+// Whatever the system's language, the number has a point and no group separators.
 template <typename Base> class DragSpinBox : public Base
 {
 public:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // A comma becomes the point that it stands for.
+    QValidator::State validate(QString& text, int& position) const override;
 
 protected:
     // The style sheet is the text's from a press until the first step of a drag.
@@ -29,6 +32,7 @@ protected:
     // leaving: the menu's commands are about the text as it is being edited.
     bool isForOwnMenu(const QFocusEvent* event) const;
 
+    bool event(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -39,6 +43,7 @@ protected:
 
 private:
     bool press(QPoint place);
+    void endDragLook();
     void follow(QPoint place);
 
     const QString plainStyle;

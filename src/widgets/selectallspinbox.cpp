@@ -10,6 +10,27 @@ SelectAllSpinbox::SelectAllSpinbox(QWidget* parent)
 {
 }
 
+QValidator::State SelectAllSpinbox::validate(QString& text, int& position) const
+{
+    const QValidator::State state = DragSpinBox::validate(text, position);
+    const auto point = text.indexOf(QLatin1Char('.'));
+    if (point < 0)
+        return state;
+    const QString rest = text.mid(point + 1);
+    if (!rest.isEmpty() && rest != suffix())
+        return QValidator::Invalid;
+    QString whole = text;
+    whole.remove(point, 1);
+    int place = position;
+    return DragSpinBox::validate(whole, place);
+}
+
+int SelectAllSpinbox::valueFromText(const QString& text) const
+{
+    QString whole = text;
+    return DragSpinBox::valueFromText(whole.remove(QLatin1Char('.')));
+}
+
 void SelectAllSpinbox::startDrag(QPoint /*place*/) { pressValue = value(); }
 
 void SelectAllSpinbox::drag(int pixelsUp)

@@ -11,6 +11,9 @@ class SelectAllSpinbox : public DragSpinBox<QSpinBox>
 public:
     explicit SelectAllSpinbox(QWidget* parent = nullptr);
 
+    // A point may end the number, and nothing follows it: "10.5" typed is 10, not 105.
+    QValidator::State validate(QString& text, int& position) const override;
+
 signals:
     // After each step of a drag, and when the box loses the focus, changed or not.
     void signalSetDial(int value);
@@ -24,6 +27,7 @@ protected:
     void drag(int pixelsUp) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    int valueFromText(const QString& text) const override;
 
 private:
     int pressValue = 0;

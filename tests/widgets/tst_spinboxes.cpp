@@ -12,9 +12,10 @@
 #include <QVBoxLayout>
 
 #include <climits>
+#include <functional>
 
 // The three number boxes beside a neighbour that takes the focus from them, in a window that is
-// active.
+// active, on a system whose numbers have commas.
 class TestSpinBoxes : public TestCase
 {
     Q_OBJECT
@@ -61,9 +62,24 @@ class TestSpinBoxes : public TestCase
     }
     void release(QWidget* box) { QTest::mouseRelease(edit(box), Qt::LeftButton, {}, at); }
 
+    // Until Escape closes it.
+    void openMenu(QAbstractSpinBox* box, const std::function<void(QMenu*)>& whileOpen)
+    {
+        QTimer::singleShot(0, this, [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            QVERIFY(menu != nullptr);
+            QCoreApplication::processEvents(); // the platform's word of its new window
+            whileOpen(menu);
+            QTest::keyClick(menu, Qt::Key_Escape);
+        });
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, edit(box)->mapToGlobal(at));
+        QApplication::sendEvent(edit(box), &event);
+    }
+
 protected:
     void prepare() override
     {
+        QLocale::setDefault(QLocale::German);
         form.reset(new QWidget);
         new QVBoxLayout(form.get());
         whole = add<SelectAllSpinbox>("whole");
@@ -75,7 +91,7 @@ protected:
         decimal->setSuffix(" dB");
         decimal->setValue(123.45);
         freq = add<FreqSpinBox>("freq");
-        freq->slotSetFrequencyScaling(12345);
+        freq->slotSetFrequencyScaling(12345.7); // finer than it is shown anywhere
         neighbour = add<QLineEdit>("neighbour");
         form->resize(300, 200);
         form->show();
@@ -107,6 +123,7 @@ private slots:
             {"freq", 1, {5, -2}, {12350, 12348}},
             // Dropped, not clamped; the limit itself counts.
             {"freq", 1, {7654, 2, -1}, {19999, 20000}},
+            {"freq", 1, {-9344, -2, 1}, {3001, 3000}},
         };
         for (const auto& [name, cursor, moves, reported] : rows) {
             prepare();
@@ -118,45 +135,94 @@ private slots:
                 up(target, pixels);
             release(target);
             QTest::mouseMove(edit(target), {1, 1});
-
             QList<double> values;
             for (const QList<QVariant>& step : steps)
                 values.append(step.first().toDouble());
             QCOMPARE(values, reported);
             QCOMPARE(target->property("value").toDouble(), reported.last());
+            // A drag selects no text, the next press may.
+            QVERIFY(edit(target)->isReadOnly());
+            press(target, cursor);
+            QVERIFY(!edit(target)->isReadOnly());
+            up(target, 1);
+            QVERIFY(edit(target)->isReadOnly());
         }
-        QCOMPARE(freq->text(), "20000 Hz");
+        QCOMPARE(freq->text(), "3001 Hz"); // in Hz as long as it has the focus
     }
 
-    // To open it is no leaving; what it pastes is reported once.
+    // Straight on, or when the focus comes back; what the drag left selected does not matter.
+    void typing()
+    {
+        const std::tuple<QString, QString, double> rows[]{
+            {"whole", "250", 250},     {"decimal", "-3.5", -3.5}, {"freq", "4500", 4500},
+            {"decimal", "-3,5", -3.5}, {"decimal", ",5", 0.5},    {"decimal", "1,2.,3", 1.23},
+            {"decimal", "-,", 123.45}, // as it was
+            {"whole", "10,5", 10},     {"whole", "10.5", 10},     {"freq", "4500,5", 4500},
+            {"freq", "250", 3000}, // the limit
+        };
+        for (const auto& [name, typed, number] : rows) {
+            for (const QString before : {"", "drag", "drag and back"}) {
+                prepare();
+                QAbstractSpinBox* target = box(name);
+                if (before.startsWith("drag")) {
+                    press(target);
+                    release(target);
+                    press(target);
+                    at.rx() += 20;
+                    up(target, 0);
+                    release(target);
+                }
+                if (before != "drag") {
+                    neighbour->setFocus();
+                    target->setFocus(Qt::TabFocusReason);
+                    QVERIFY(!edit(target)->styleSheet().contains("transparent"));
+                }
+                QSignalSpy reports(target, commitSignal(target));
+                QTest::keyClicks(target, typed);
+                QTest::keyClick(target, before.isEmpty() ? Qt::Key_Enter : Qt::Key_Return);
+                QVERIFY(!target->hasFocus());
+                QCOMPARE(reports.size(), 1);
+                QCOMPARE(reports.first().first().toDouble(), number);
+            }
+        }
+    }
+
+    // To open it is no leaving: half a number stays as it is. What it pastes is reported once.
     void contextMenuIsPartOfTheBox()
     {
-        for (const auto& [name, typed] :
-             {std::pair("whole", "250"), {"decimal", "-3.5"}, {"freq", "4500"}}) {
-            prepare();
-            QApplication::clipboard()->setText(typed);
-            QAbstractSpinBox* target = box(name);
-            press(target, 1, Qt::RightButton);
-            const QString selected = edit(target)->selectedText();
-            QSignalSpy reports(target, commitSignal(target));
-            QTimer::singleShot(0, this, [&] {
-                auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-                QVERIFY(menu != nullptr);
-                QCOMPARE(edit(target)->selectedText(), selected);
+        const std::tuple<QString, QString, QString, double> rows[]{
+            {"whole", "2", "50", 250},
+            {"decimal", "-", "3.5", -3.5},
+            {"decimal", "3.", "5", 3.5},
+            {"freq", "45", "00", 4500},
+        };
+        for (const auto& [name, typed, rest, number] : rows) {
+            for (const bool pastes : {false, true}) {
+                prepare();
+                QApplication::clipboard()->setText(QString::number(number).replace('.', ','));
+                QAbstractSpinBox* target = box(name);
+                press(target, 1, Qt::RightButton);
+                QSignalSpy reports(target, commitSignal(target));
+                if (!pastes)
+                    QTest::keyClicks(target, typed);
+                const QString text = target->text();
+                const QString selected = edit(target)->selectedText();
+                openMenu(target, [&](QMenu* menu) {
+                    QCOMPARE(target->text(), text);
+                    QCOMPARE(edit(target)->selectedText(), selected);
+                    for (QAction* action : menu->actions()) {
+                        if (pastes && action->text().startsWith("&Paste"))
+                            action->trigger();
+                    }
+                });
+                if (!pastes)
+                    QTest::keyClicks(target, rest);
                 QCOMPARE(reports.size(), 0);
-                for (QAction* action : menu->actions()) {
-                    if (action->text().startsWith("&Paste"))
-                        action->trigger();
-                }
-                menu->close();
-            });
-            QContextMenuEvent menuEvent(QContextMenuEvent::Mouse, at,
-                                        edit(target)->mapToGlobal(at));
-            QApplication::sendEvent(edit(target), &menuEvent);
-            neighbour->setFocus();
-            QCOMPARE(reports.size(), 1);
-            QCOMPARE(reports.first().first().toDouble(), QString(typed).toDouble());
-            QTest::mouseRelease(edit(target), Qt::RightButton, {}, at);
+                neighbour->setFocus();
+                QCOMPARE(reports.size(), 1);
+                QCOMPARE(reports.first().first().toDouble(), number);
+                QTest::mouseRelease(edit(target), Qt::RightButton, {}, at);
+            }
         }
     }
 
@@ -206,6 +272,7 @@ private slots:
              {std::tuple(6000.0, 1234.0, "1.23 kHz", 1234.0), // finer than shown
               {999.0, 999.0, "999 Hz", 999.0},
               {1000.0, 5000.0, "1.00 kHz", 1000.0},
+              {400.0, 39.9, "40 Hz", 40.0},
               {400.0, qQNaN(), "40 Hz", 40.0}}) {
             freq->slotSetRange(40.0, highest);
             QSignalSpy reports(freq, SIGNAL(signalTrueValue(double)));
@@ -224,14 +291,20 @@ private slots:
 
     void arrowKeysKeepToTheLimits()
     {
-        freq->slotSetRange(40, 400);
-        freq->slotSetFrequencyScaling(395);
-        freq->setSingleStep(10);
-        freq->setFocus();
-        QTest::keyPress(freq, Qt::Key_Up);
-        QCOMPARE(freq->value(), 405.0);
-        QTest::keyRelease(freq, Qt::Key_Up);
-        QCOMPARE(freq->value(), 400.0);
+        for (const auto& [key, start, stepped, limit] :
+             {std::tuple(Qt::Key_Up, 395.0, 405.0, 400.0), {Qt::Key_Down, 45.0, 35.0, 40.0}}) {
+            prepare();
+            freq->slotSetRange(40, 400);
+            freq->slotSetFrequencyScaling(start);
+            freq->setSingleStep(10);
+            freq->setFocus();
+            QTest::keyPress(freq, key);
+            QCOMPARE(freq->value(), stepped);
+            QTest::keyRelease(freq, key);
+            QCOMPARE(freq->value(), limit);
+            QTest::keyPress(freq, key);
+            QCOMPARE(freq->value(), limit);
+        }
     }
 };
 
