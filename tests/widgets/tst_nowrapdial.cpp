@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QLineF>
+#include <QPainter>
 
 #include <climits>
 
@@ -11,6 +12,30 @@ class TestNoWrapDial : public TestCase
     Q_OBJECT
 
     static constexpr int size = 200;
+
+    // What the dial looks like along the middle of its ring, magnified.
+    class Ring
+    {
+        static constexpr int scale = 8;
+        QImage image{size * scale, size* scale, QImage::Format_RGB32};
+        const double radius;
+
+    public:
+        explicit Ring(NoWrapDial* dial)
+            : radius(size / 2.0 - dial->dialThickness())
+        {
+            image.fill(Qt::black);
+            QPainter painter(&image);
+            painter.scale(scale, scale);
+            dial->render(&painter, {}, {}, {});
+        }
+        QRgb at(double degrees) const
+        {
+            const QPointF place = QLineF::fromPolar(radius, -degrees).p2() * scale;
+            return image.pixel((place + image.rect().center()).toPoint());
+        }
+    };
+
     QScopedPointer<NoWrapDial> dial;
     QPoint at;
 
@@ -92,29 +117,46 @@ private slots:
     // Along the ring, in degrees clockwise from three o'clock.
     void painted()
     {
-        using Angles = QList<int>;
+        using Angles = QList<double>;
         const std::tuple<bool, int, Angles, Angles> rows[]{
             {false, -50, {130, 190}, {90, 205, 270, 410}},
             {false, 100, {130, 270, 410}, {90}},
             {true, -100, {130, 270}, {90, 285, 410}},
-            {true, 50, {271, 340}, {130, 255, 356, 410}},
+            // The right half begins where the mark ends, at 277, before its own track.
+            {true, 50, {271, 277.5, 347.5}, {130, 255, 348.5, 356, 410}},
         };
         dial->setRange(-100, 100);
         for (const auto& [centered, value, lit, dark] : rows) {
             dial->slotSetCenteredDial(centered);
             dial->setValue(value);
-            QImage image(dial->size(), QImage::Format_RGB32);
-            image.fill(Qt::black);
-            dial->render(&image, {}, {}, {});
-            const auto isLit = [&](int degrees) {
-                QLineF radius = QLineF::fromPolar(size / 2.0 - dial->dialThickness(), -degrees);
-                radius.translate(size / 2.0, size / 2.0);
-                return qRed(image.pixel(radius.p2().toPoint())) > 80; // the track is darker
-            };
-            for (const int degrees : lit)
-                QVERIFY2(isLit(degrees), qPrintable(QString::number(degrees)));
-            for (const int degrees : dark)
-                QVERIFY2(!isLit(degrees), qPrintable(QString::number(degrees)));
+            const Ring ring(dial.get());
+            for (const double degrees : lit)
+                QVERIFY2(qRed(ring.at(degrees)) > 80, qPrintable(QString::number(degrees)));
+            for (const double degrees : dark) // the track is darker than the gaps
+                QVERIFY2(qRed(ring.at(degrees)) < 80, qPrintable(QString::number(degrees)));
+        }
+    }
+
+    // Each thickness has segments of its own.
+    void segments()
+    {
+        const std::tuple<int, double, double> rows[]{
+            // The thickness; the degrees of a segment and of a gap.
+            {4, 3.283, 0.955},
+            {6, 5.547, 1.323},
+            {8, 5.605, 1.457},
+            {5, 3.981, 0.796},
+        };
+        dial->setValue(dial->maximum());
+        for (const auto& [thickness, segment, gap] : rows) {
+            dial->slotSetDialThickness(thickness);
+            const Ring ring(dial.get());
+            for (const int number : {0, 20, 40}) {
+                const double begin = 123 + number * (segment + gap);
+                for (const double inside : {0.2, segment - 0.2})
+                    QVERIFY(qBlue(ring.at(begin + inside)) < 20); // yellow
+                QVERIFY(qBlue(ring.at(begin + segment + gap / 2)) > 80);
+            }
         }
     }
 };
