@@ -18,6 +18,7 @@
 #include <QLabel>
 #include <QMoveEvent>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSettings>
 
 namespace
@@ -120,6 +121,7 @@ void ViewManager::setupDialogs()
                             fwProgressDialog, fwForceDialog, fwErrorDialog, restartDialog}) {
         dialog->hide();
         placeDialog(dialog, windowWidth, windowHeight);
+        innerDialogs.add(dialog);
     }
     aboutDialogForm.setupUi(aboutDialog);
     demoDialogForm.setupUi(demoDialog);
@@ -137,10 +139,11 @@ void ViewManager::setupEventFilters()
         widget->setAttribute(Qt::WA_MacShowFocusRect, false);
     }
 
-    for (QWidget* button : {aboutDialogForm.ok, fwErrorDialogForm.cancel, fwErrorDialogForm.update,
-                            fwForceDialogForm.update, fwForceDialogForm.cancel,
-                            fwOutOfDateDialogForm.cancel, fwOutOfDateDialogForm.update}) {
-        button->installEventFilter(this);
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             aboutDialogForm.ok, fwErrorDialogForm.cancel, fwErrorDialogForm.update,
+             fwErrorDialogForm.scroll, fwForceDialogForm.update, fwForceDialogForm.cancel,
+             fwOutOfDateDialogForm.cancel, fwOutOfDateDialogForm.update}) {
+        control->installEventFilter(this);
     }
     for (QWidget* widget : settingsDialog->findChildren<QWidget*>())
         widget->installEventFilter(this);

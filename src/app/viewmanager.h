@@ -2,6 +2,7 @@
 
 #include "forms/shellforms.h"
 #include "jsonfile.h"
+#include "innerdialogs.h"
 #include "tooltipeventfilter.h"
 
 #include <QMainWindow>
@@ -133,6 +134,7 @@ private:
     QWidget* fwErrorDialog = nullptr;
     QWidget* restartDialog = nullptr;
     const JsonFile::Access presetsAccess;
+    InnerDialogs innerDialogs{this};
     // False in this program: files are found through the working directory.
     bool resourcesInAppData = false;
     QString resourcesFolder;

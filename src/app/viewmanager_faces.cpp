@@ -220,8 +220,9 @@ void ViewManager::slotEnterDemoMode()
     presetInterface->slotSetDemoModeEnabled(true);
     globalPresetInterface->slotSetDemoModeEnabled(true);
     fullPowerView->slotSetDemoModeEnabled(true);
-    connect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotCloseDemoDialog()));
-    connect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotInitFullPowerView()));
+    // However often it is asked for, the button enters once.
+    for (const char* slot : {SLOT(slotCloseDemoDialog()), SLOT(slotInitFullPowerView())})
+        connect(demoDialogForm.ok, SIGNAL(clicked()), this, slot, Qt::UniqueConnection);
     disableWidget->show();
     disableWidget->raise();
     demoDialog->show();

@@ -4,6 +4,7 @@
 #include "definitions.h"
 #include "forms/fullpowerform.h"
 #include "forms/viewdialogs.h"
+#include "innerdialogs.h"
 #include "wires.h"
 
 #include <QList>
@@ -344,6 +345,7 @@ private:
     QWidget* receiveAllDialog = nullptr;
     QWidget* renameDialog = nullptr;
     QWidget* liveMemoryHelpDialog = nullptr;
+    InnerDialogs innerDialogs{this};
 
     FullPowerForm form;
     ProgressDialogForm progressForm;

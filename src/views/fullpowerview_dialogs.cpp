@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextBrowser>
 
 #include <algorithm>
 
@@ -40,6 +41,8 @@ void FullPowerView::setupDialogs()
     renameForm.setupUi(renameDialog);
     placeDialog(liveMemoryHelpDialog, {442, 184, 317, 325});
     connectionSyncForm.setupUi(liveMemoryHelpDialog);
+    for (QWidget* dialog : dialogs())
+        innerDialogs.add(dialog);
 }
 
 QList<QWidget*> FullPowerView::dialogs() const
@@ -124,7 +127,8 @@ QList<QWidget*> FullPowerView::filteredWidgets() const
                             saveAsForm.cancel,
                             deleteForm.delete_2,
                             deleteForm.cancel,
-                            connectionSyncForm.ok};
+                            connectionSyncForm.ok,
+                            connectionSyncForm.textBrowser};
     // Every fader, and every button: a press on one commits a number that is being typed.
     const auto children = viewContainer->findChildren<QWidget*>();
     for (QWidget* child : children) {

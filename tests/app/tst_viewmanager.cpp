@@ -16,6 +16,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTextEdit>
 #include <QTimer>
@@ -202,6 +203,56 @@ private slots:
         QVERIFY(dialog("demoDialogForm")->isVisible());
         QTest::keyClick(window.get(), Qt::Key_Escape);
         QVERIFY(window->isVisible());
+    }
+
+    // The keys go where the focus is, not to a widget of the test's choice.
+    void noKeyGoesBeneathADialog()
+    {
+        const QList<QKeySequence> wandering{Qt::Key_Tab,   Qt::Key_Tab, Qt::Key_Backtab,
+                                            Qt::Key_Down,  Qt::Key_Up,  Qt::Key_Left,
+                                            Qt::Key_Right, Qt::Key_Alt, Qt::CTRL | Qt::Key_C};
+        const auto type = [this](const QKeySequence& key) {
+            QTest::keyClick(window->windowHandle(), key[0].key(), key[0].keyboardModifiers());
+        };
+        const auto stays = [&](const char* form) {
+            for (const QKeySequence& key : wandering) {
+                type(key);
+                const QWidget* focus = window->focusWidget();
+                if (focus != dialog(form) && !dialog(form)->isAncestorOf(focus))
+                    return false;
+            }
+            return true;
+        };
+        open();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QSignalSpy entries(window->fullPower(), SIGNAL(signalFindAudioDeviceNames()));
+        QSignalSpy copies(action("Copy Channel"), SIGNAL(triggered()));
+        find<QPushButton>("enterDemoMode")->setFocus();
+        type(Qt::Key_Space);
+        QVERIFY(stays("demoDialogForm"));
+        action("Enter Demo Mode...")->trigger();
+        type(Qt::Key_Space);
+        type(Qt::Key_Space); // the button is hidden now
+        QCOMPARE(entries.size(), 1);
+        type(Qt::CTRL | Qt::Key_C);
+        QCOMPARE(copies.size(), 1);
+
+        // One above the other.
+        find<QToolButton>("liveMemoryHelpButton")->click();
+        QVERIFY(stays("connectionSyncDialogForm"));
+        action("About JSum Editor")->trigger();
+        QVERIFY(stays("aboutDialogForm"));
+        emit window->sysex()->signalFwError("broken");
+        QVERIFY(stays("fwErrorDialogForm"));
+        find<QWidget>("errorScroll")->setFocus();
+        type(Qt::Key_Escape);
+        emit window->sysex()->signalOpenRestartDialog(); // nothing in it takes a key
+        QVERIFY(stays("restartDialogForm"));
+        emit window->sysex()->signalCloseRestartDialog();
+        QVERIFY(stays("aboutDialogForm"));
+        type(Qt::Key_Escape);
+        QVERIFY(stays("connectionSyncDialogForm"));
+        QCOMPARE(copies.size(), 1);
     }
 
     void withTwoDialogsTheSheetCoversTheSurvivor()

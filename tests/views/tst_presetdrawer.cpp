@@ -37,6 +37,7 @@ private slots:
                     desk.type(QString(25, 'x'));
                     QCOMPARE(edit->text(), QString(24, 'x'));
                 }
+                QTest::keyClick(desk.windowHandle(), Qt::Key_Tab);
                 if (closing == "cancel") {
                     desk.press(form, opener.startsWith("live") ? "ok" : "cancel");
                 } else if (closing == "Escape") {
@@ -46,6 +47,7 @@ private slots:
                     desk.start();
                 }
                 QVERIFY(!desk.isOpen(form) && !desk.isSheetOpen());
+                QVERIFY(!desk.at(form)->isAncestorOf(desk.focusWidget()));
             }
         }
         QCOMPARE(desk.rows(), fewNames);

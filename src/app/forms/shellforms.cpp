@@ -136,7 +136,7 @@ void FwErrorDialogForm::setupUi(QWidget* dialog)
 {
     setupDialog(dialog, "fwErrorDialogForm", QStringLiteral("Firmware Error"));
     // A tool's complaint may be of any length.
-    auto* scroll = new QScrollArea(dialog);
+    scroll = new QScrollArea(dialog);
     scroll->setObjectName(QStringLiteral("errorScroll"));
     scroll->setGeometry(margin, 46, dialog->width() - 2 * margin, 60);
     scroll->setWidgetResizable(true);

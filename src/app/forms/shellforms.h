@@ -5,6 +5,7 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QScrollArea;
 class QTextEdit;
 class QToolButton;
 class QWidget;
@@ -66,6 +67,8 @@ struct FwProgressDialogForm {
 };
 
 struct FwErrorDialogForm {
+    // What is longer than the dialog scrolls in it.
+    QScrollArea* scroll = nullptr;
     QLabel* errorMsg = nullptr;
     QPushButton* cancel = nullptr;
     QPushButton* update = nullptr;
