@@ -1,8 +1,8 @@
 #pragma once
 
 #include "forms/shellforms.h"
-#include "jsonfile.h"
 #include "innerdialogs.h"
+#include "jsonfile.h"
 #include "tooltipeventfilter.h"
 
 #include <QMainWindow>
