@@ -1,29 +1,15 @@
-#include "fullpowerview.h"
-#include "presetfiles.h"
-#include "presetinterface.h"
-#include "reorderablelistwidget.h"
-#include "simulatorprocess.h"
-#include "sysexmanager.h"
+#include "editorrig.h"
 #include "testcase.h"
-#include "viewmanager.h"
 
-#include <QAbstractSlider>
-#include <QDir>
 #include <QJsonDocument>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QSettings>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
-#include <QToolButton>
-
-#include <filesystem>
 
 // Presets to and from the mixer's slots, over the system's MIDI: the real window against the
 // simulator, both for a whole process, in which one test begins where the last one ended.
-class TestSlots : public TestCase
+class TestSlots : public TestCase, EditorRig
 {
     Q_OBJECT
 
@@ -31,80 +17,12 @@ class TestSlots : public TestCase
     // beginning of a recall's or of a mode entry's events.
     enum Moment { Received, Sent, Recalled, Entered };
 
-    std::unique_ptr<QTemporaryDir> folder;
-    std::unique_ptr<SimulatorProcess> simulator;
-    std::unique_ptr<ViewManager> window;
-    std::unique_ptr<QSignalSpy> syncs;
-    QString startFolder = QDir::currentPath();
     Moment moment = Received;
     int timesLeft = 0;
     std::function<void()> action;
 
     const QString presetSent = QStringLiteral("^from host .* preset ");
-    static constexpr int patienceMs = SimulatorProcess::patienceMs;
 
-    // The mixer
-
-    // "live" or "slot A".
-    Values mixer(const QString& what)
-    {
-        simulator->mark();
-        simulator->command(what == "live" ? "state" : what.toLatin1());
-        const QRegularExpression line('^' + what + R"( (\S+) (\d+)$)");
-        Values values;
-        for (const QString& text : simulator->linesSinceMark().filter(line))
-            values[text.section(' ', -2, -2)] = text.section(' ', -1).toInt();
-        return values;
-    }
-    // All that the editor has sent is there.
-    bool arrived()
-    {
-        const QString fence = "^from host .* save globals";
-        const int before = simulator->count(fence);
-        window->sysex()->slotSaveGlobalParamsToFlash();
-        return simulator->waitFor(fence, before + 1);
-    }
-    bool isSynced(qsizetype times)
-    {
-        return QTest::qWaitFor([&] { return syncs->count() >= times; }, patienceMs);
-    }
-    bool plug()
-    {
-        simulator->mark();
-        const auto before = syncs->count();
-        return simulator->command("plug") && isSynced(before + 1);
-    }
-
-    // The editor
-
-    template <class T = QWidget> T* view(const QString& name)
-    {
-        return window->fullPower()->findChild<T*>(name);
-    }
-    ReorderableListWidget* list() { return view<ReorderableListWidget>("presetlist"); }
-    QWidget* progress() { return view("progressDialogForm"); }
-    bool rests()
-    {
-        return QTest::qWaitFor([this] { return progress()->isHidden(); }, patienceMs);
-    }
-    QWidget* control(const QString& key)
-    {
-        if (!key.startsWith("channelstrip_"))
-            return view(key);
-        return view(key.section('_', 0, 1))->findChild<QWidget*>(key.section('_', 2));
-    }
-    int shown(const QString& key)
-    {
-        const auto* slider = qobject_cast<QAbstractSlider*>(control(key));
-        return slider ? slider->value() : qobject_cast<QToolButton*>(control(key))->isChecked();
-    }
-    Values allShown()
-    {
-        Values values;
-        for (const QString& key : current().keys())
-            values[key] = shown(key);
-        return values;
-    }
     void move(const QString& key, int value)
     {
         if (auto* slider = qobject_cast<QAbstractSlider*>(control(key)); slider != nullptr)
@@ -112,8 +30,6 @@ class TestSlots : public TestCase
         else
             qobject_cast<QToolButton*>(control(key))->setChecked(value != 0);
     }
-    Values current() { return valuesOf(window->presets()->workingPreset(list()->currentRow())); }
-    QString nameIn(int row) { return list()->item(row)->text(); }
     void click(const QString& button) { view<QAbstractButton>(button)->click(); }
     void pressReceive(const char* dialog, const char* edit = "name", const QString& name = {})
     {
@@ -176,9 +92,7 @@ class TestSlots : public TestCase
         const Values live = mixer("live");
         SAME(allShown(), live);
         QCOMPARE(list()->currentRow(), 0);
-        // The store counts 501 ticks of a millisecond; QTest's waits give it one in ten.
-        while (window->presets()->liveMemoryTimer->isActive())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        waitForAutosave();
         SAME(saved(nameIn(0)), live);
         checkUsable();
     }
@@ -197,12 +111,7 @@ public slots:
 private slots:
     void initTestCase()
     {
-        folder = std::make_unique<QTemporaryDir>();
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder->path());
-        QDir::setCurrent(folder->path());
-        std::filesystem::copy(RESOURCES, "resources", std::filesystem::copy_options::recursive);
-        simulator = std::make_unique<SimulatorProcess>(SIMULATOR, folder->filePath("state.json"));
-        QVERIFY(simulator->start({"--unplugged"}));
+        QVERIFY(enterFolder(RESOURCES, SIMULATOR));
 
         // The first preset differs from the mixer in every value.
         QVERIFY(simulator->command("randomise 3") && simulator->command("slot A randomise 1"));
@@ -217,10 +126,8 @@ private slots:
               R"({"A": "Band on Stage", "B": "Acoustic Duo", "C": "Podcast for Two", "D": "[OFF]",
                   "E": "[DEFAULT]", "K": "Drum Kit", "L": "Lost in a Crash"})");
 
-        window = std::make_unique<ViewManager>();
-        window->show();
+        openWindow();
         SysexManager* sysex = window->sysex();
-        syncs = std::make_unique<QSignalSpy>(sysex, SIGNAL(signalLiveMemoryFinishedSyncing()));
         for (const char* signal : {SIGNAL(signalReceiveMainwindowPresetParams(QString, int)),
                                    SIGNAL(signalReceiveChannelStripParams(QString, int)),
                                    SIGNAL(signalReceiveReverbParams(QString, int))})
@@ -229,15 +136,9 @@ private slots:
                 SLOT(slotSent()));
         connect(window->presets(), SIGNAL(signalRecallPreset(QVariantMap)), SLOT(slotRecalled()));
         connect(window->fullPower(), SIGNAL(signalDisconnectGlobalSysex()), SLOT(slotEntered()));
-        sysex->slotSendFwQuery(); // the first of a process goes nowhere, and waits
         QVERIFY(plug());
     }
-    void cleanupTestCase()
-    {
-        window.reset();
-        simulator.reset();
-        QDir::setCurrent(startFolder);
-    }
+    void cleanupTestCase() { leaveFolder(); }
 
     void syncAndChanges()
     {

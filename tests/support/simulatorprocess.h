@@ -40,33 +40,31 @@ public:
     // Whether the simulator took the command.
     bool command(const QByteArray& line)
     {
-        const auto before = m_lines.size();
-        m_process.write(line + '\n');
-        QString answer;
-        const bool answered = wait([&] {
-            for (auto i = before; i < m_lines.size(); ++i) {
-                if (m_lines[i].startsWith("ok") || m_lines[i].startsWith("error: "))
-                    answer = m_lines[i];
-            }
-            return !answer.isEmpty();
-        });
-        if (!answered || !answer.startsWith("ok"))
-            qWarning() << "simulator:" << line << answer;
-        return answered && answer.startsWith("ok");
+        tell(line);
+        const bool taken = hasAnswered() && m_answer.startsWith("ok");
+        if (!taken)
+            qWarning() << "simulator:" << line << m_answer;
+        return taken;
     }
 
     // Gives the command at once, with no event passing here. Its answer is among the lines.
     void tell(const QByteArray& line)
     {
+        ++m_unanswered;
         m_process.write(line + '\n');
         m_process.waitForBytesWritten(patienceMs);
+    }
+    // Waits for the answers to all that it was told.
+    bool hasAnswered()
+    {
+        return wait([this] { return m_unanswered == 0; });
     }
 
     // How many lines since the mark match.
     int count(const QString& pattern)
     {
         read();
-        return int(m_lines.mid(m_mark).filter(QRegularExpression(pattern)).size());
+        return int(m_lines.filter(QRegularExpression(pattern)).size());
     }
     bool waitFor(const QString& pattern, int times = 1)
     {
@@ -76,9 +74,9 @@ public:
     void mark()
     {
         read();
-        m_mark = m_lines.size();
+        m_lines.clear();
     }
-    QStringList linesSinceMark() const { return m_lines.mid(m_mark); }
+    QStringList linesSinceMark() const { return m_lines; }
 
 private:
     template <typename Condition> bool wait(Condition condition)
@@ -96,6 +94,10 @@ private:
         for (auto end = m_rest.indexOf('\n'); end >= 0; end = m_rest.indexOf('\n')) {
             m_lines.append(QString::fromUtf8(m_rest.left(end)));
             m_rest.remove(0, end + 1);
+            if (m_lines.last().startsWith("ok") || m_lines.last().startsWith("error: ")) {
+                m_answer = m_lines.last();
+                --m_unanswered;
+            }
         }
     }
 
@@ -103,6 +105,7 @@ private:
     QString m_stateFile;
     QProcess m_process;
     QByteArray m_rest;
-    QStringList m_lines;
-    qsizetype m_mark = 0;
+    QStringList m_lines; // since the mark
+    QString m_answer;
+    int m_unanswered = 0;
 };
