@@ -278,6 +278,8 @@ void ChannelStrip::showPhantom(int state)
     phantom->setStyleSheet(phantomStyle(phantom->isChecked()));
 }
 
+void ChannelStrip::setPhantomEnabled(bool enabled) { phantom->setEnabled(enabled); }
+
 void ChannelStrip::setPhantomVoltButton(bool voltage)
 {
     phantom->setText(voltage ? QStringLiteral("48v") : QStringLiteral("12v"));

@@ -28,7 +28,7 @@ public:
     // Shows what the mixer or the globals hold. Nobody else hears of it.
     void showPhantom(int state);
     // Before the mixer's live state is there a press would reach nobody.
-    void setPhantomEnabled(bool enabled) { phantom->setEnabled(enabled); }
+    void setPhantomEnabled(bool enabled);
 
 public slots:
     // Other channels' names are passed over. Goes on to the channels selected after this one.

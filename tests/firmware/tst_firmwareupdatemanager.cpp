@@ -113,7 +113,8 @@ private slots:
         manager->slot_CheckFWStarted();
         QTRY_VERIFY(QFile::exists("resources/second"));
         const auto processes = manager->findChildren<QProcess*>();
-        const auto isRunning = [](QProcess* it) { return it->state() == QProcess::Running; };
+        // The tool may be up before its start was noticed here.
+        const auto isRunning = [](QProcess* it) { return it->state() != QProcess::NotRunning; };
         const QPointer<QProcess> first =
             *std::find_if(processes.begin(), processes.end(), isRunning);
         manager->slotAbortCheck();
