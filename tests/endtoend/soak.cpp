@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QRandomGenerator>
-#include <QScrollBar>
 #include <QWindow>
 
 #include <cstdio>
@@ -54,6 +53,7 @@ class Soak : public QObject, Agreement
     };
 
     QRandomGenerator random;
+    QList<Action> deck; // each as many times as its weight
     QMap<QString, int> tally;
     int mouseTime = 0;
     // What the simulator is told when so many parameters have passed.
@@ -95,13 +95,12 @@ private:
 
     int below(int limit) { return random.bounded(limit); }
     bool chance(int percent) { return below(100) < percent; }
-    template <class List> auto anyOf(const List& from) { return from[below(int(from.size()))]; }
-    int anyRow() { return below(list()->count()); }
-    int anyRowToMove() { return 1 + below(list()->count() - 1); }
-    int anyValue(const QAbstractSlider* of)
+    template <class List> auto anyOf(const List& from)
     {
-        return of ? random.bounded(of->minimum(), of->maximum() + 1) : below(2);
+        require(!from.isEmpty(), "there is nothing to choose from");
+        return from[below(int(from.size()))];
     }
+    int anyRowToMove() { return 1 + below(list()->count() - 1); }
 
     // Rounds
 
@@ -138,14 +137,10 @@ private:
 
     void act()
     {
-        static const QList<Action> actions = allActions();
-        static const QList<int> deck = [] {
-            QList<int> places;
-            for (int place = 0; place < actions.size(); ++place)
-                places.append(QList<int>(actions[place].weight, place));
-            return places;
-        }();
-        const Action& action = actions[list()->count() > mostPresets ? 0 : anyOf(deck)];
+        if (deck.isEmpty())
+            for (const Action& action : allActions())
+                deck.append(QList<Action>(action.weight, action));
+        const Action action = list()->count() > mostPresets ? deck.first() : anyOf(deck);
         print(' ' + action.name + ',');
         ++tally[action.name];
         if (chance(25)) {
@@ -157,6 +152,7 @@ private:
         QCoreApplication::processEvents();
         finishAmbush();
         settle();
+        require(window->fullPower()->isVisible(), "the full-power face is not shown");
     }
 
     void finishAmbush()
@@ -208,48 +204,48 @@ private:
 
     QString parameterChange()
     {
+        QString key = anyOf(current().keys());
         // For one of several selected channels it is told that the next ones' controls follow, and
         // not their stored values. So the panel moves none of these but the last.
         QStringList selected = window->fullPower()->selectedChannels();
         selected.removeLast();
-        QString key;
-        do {
-            key = anyOf(current().keys());
-        } while (key.startsWith("channelstrip_")
-                 && selected.contains(QString("faderframe_%1_select").arg(key.section('_', 1, 1))));
+        const QString select = QString("faderframe_%1_select").arg(key.section('_', 1, 1));
+        if (key.startsWith("channelstrip_") && selected.contains(select))
+            key = "reverbtab_damping";
+        const auto* slider = qobject_cast<QAbstractSlider*>(control(key));
         return QString("set %1 %2")
             .arg(key)
-            .arg(anyValue(qobject_cast<QAbstractSlider*>(control(key))));
+            .arg(slider ? random.bounded(slider->minimum(), slider->maximum() + 1) : below(2));
     }
 
     // The user: real presses, which wait in the system's queue until events pass.
 
-    void queueMouse(QEvent::Type type, QWidget* widget, QPoint place, Qt::KeyboardModifiers keys)
+    // Pressed at the first place, let go at the last.
+    void queuePress(QWidget* widget, const QList<QPoint>& path, Qt::KeyboardModifiers keys = {})
     {
-        const QPoint local = widget->mapTo(window.get(), place);
-        const bool isUp = type == QEvent::MouseButtonRelease;
-        qt_handleMouseEvent(window->windowHandle(), local, window->mapToGlobal(local),
-                            isUp ? Qt::NoButton : Qt::LeftButton,
-                            type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, type, keys,
-                            ++mouseTime);
-    }
-    void queueClick(QWidget* widget, QPoint place, Qt::KeyboardModifiers keys = {})
-    {
+        const auto queue = [&](QEvent::Type type, QPoint place, Qt::MouseButton held,
+                               Qt::MouseButton button) {
+            const QPoint local = widget->mapTo(window.get(), place);
+            qt_handleMouseEvent(window->windowHandle(), local, window->mapToGlobal(local), held,
+                                button, type, keys, ++mouseTime);
+        };
         mouseTime += 1000; // no double click
-        queueMouse(QEvent::MouseButtonPress, widget, place, keys);
-        queueMouse(QEvent::MouseButtonRelease, widget, place, keys);
+        queue(QEvent::MouseButtonPress, path.first(), Qt::LeftButton, Qt::LeftButton);
+        for (const QPoint& place : path.mid(1))
+            queue(QEvent::MouseMove, place, Qt::LeftButton, Qt::NoButton);
+        queue(QEvent::MouseButtonRelease, path.last(), Qt::NoButton, Qt::LeftButton);
     }
-    void queueRow(int row)
+    void queueRow()
     {
-        list()->scrollToItem(list()->item(row));
-        queueClick(list()->viewport(), list()->visualItemRect(list()->item(row)).center());
+        const QListWidgetItem* item = list()->item(below(list()->count()));
+        list()->scrollToItem(item);
+        queuePress(list()->viewport(), {list()->visualItemRect(item).center()});
     }
     void press(QWidget* button, Qt::KeyboardModifiers keys = {})
     {
-        queueClick(button, button->rect().center(), keys);
+        queuePress(button, {button->rect().center()}, keys);
         QCoreApplication::processEvents();
     }
-    void press(const QString& button) { press(view(button)); }
 
     // Names what the dialog asks for. Where an unplug has closed it, nothing is done.
     void answer(const QString& dialog, const QString& button)
@@ -261,75 +257,76 @@ private:
         press(view(dialog)->findChild<QWidget*>(button));
         require(rests(), "the progress box stays open");
     }
+    void ask(const QString& opener, const QString& dialog, const QString& button)
+    {
+        press(view(opener));
+        answer(dialog, button);
+    }
 
+    // Of those that are on screen: dials, faders, number boxes, buttons that stay down, resets.
     QWidget* anyControl()
     {
         QList<QWidget*> controls;
-        for (QWidget* widget : window->fullPower()->findChildren<QWidget*>()) {
-            const auto* button = qobject_cast<QAbstractButton*>(widget);
-            const bool isButton = button != nullptr && button->objectName() != "showPreset"
-                && (button->isCheckable() || button->objectName().endsWith("_reset"));
-            const bool isSlider = qobject_cast<QAbstractSlider*>(widget) != nullptr
-                && qobject_cast<QScrollBar*>(widget) == nullptr;
-            if (widget->isVisible() && widget->isEnabled()
-                && (isButton || isSlider || qobject_cast<QAbstractSpinBox*>(widget) != nullptr))
-                controls.append(widget);
+        for (QWidget* part : {view("frame"), view("faderGroupBox")}) {
+            for (QWidget* widget : part->findChildren<QWidget*>()) {
+                const auto* button = qobject_cast<QAbstractButton*>(widget);
+                const bool isControl = button != nullptr
+                    ? button->isCheckable() || button->objectName().endsWith("_reset")
+                    : qobject_cast<QAbstractSlider*>(widget)
+                        || qobject_cast<QAbstractSpinBox*>(widget);
+                if (isControl && widget->isVisible() && widget->isEnabled()
+                    && widget != view("showPreset"))
+                    controls.append(widget);
+            }
         }
         return anyOf(controls);
     }
 
-    void touch(QWidget* widget)
+    void touch()
     {
-        auto* slider = qobject_cast<QAbstractSlider*>(widget);
-        if (slider == nullptr) {
+        QWidget* widget = anyControl();
+        const QPoint centre = widget->rect().center();
+        if (qobject_cast<QAbstractSlider*>(widget) != nullptr)
+            queuePress(widget, {centre, centre + QPoint(below(81) - 40, below(81) - 40)});
+        else
             press(widget, chance(40) ? Qt::ShiftModifier : Qt::NoModifier);
-            if (qobject_cast<QAbstractSpinBox*>(widget) != nullptr)
-                QTest::keyClicks(widget, QString("%1\r").arg((below(2000) - 1000) / 10.0));
-        } else if (chance(50)) {
-            slider->setValue(anyValue(slider));
-        } else {
-            const QPoint centre = slider->rect().center();
-            queueMouse(QEvent::MouseButtonPress, slider, centre, {});
-            queueMouse(QEvent::MouseMove, slider, centre + QPoint(below(81), below(81)), {});
-            queueMouse(QEvent::MouseMove, slider, centre - QPoint(below(81), below(81)), {});
-            queueMouse(QEvent::MouseButtonRelease, slider, centre, {});
-        }
+        if (qobject_cast<QAbstractSpinBox*>(widget) != nullptr)
+            QTest::keyClicks(widget, QString("%1\r").arg((below(2000) - 1000) / 10.0));
     }
 
-    void sendSlots(const QString& letters, const QString& button)
+    void sendSlots(const QString& letters, QWidget* button)
     {
         for (const QChar letter : letters)
             mayBeSaved.insert(inSlot(letter));
-        const bool isEnabled = view(button)->isEnabled();
+        const bool isEnabled = button->isEnabled();
         press(button);
-        const bool isWhole = isEnabled && (ambushIn > 0 || ambush != "unplug");
         for (const QChar letter : letters) {
+            sent.remove(letter);
             const Values values = saved(inSlot(letter));
-            if (isWhole && !values.isEmpty())
+            if (isEnabled && !values.isEmpty() && (ambushIn > 0 || ambush != "unplug"))
                 sent[letter] = values;
-            else
-                sent.remove(letter);
         }
     }
 
+    // The first one is taken when there are too many presets.
     QList<Action> allActions()
     {
-        const QStringList pages{"mode 0",     "mode 1",     "mode 2",     "mode 5",    "mode 12",
-                                "mode 13",    "channel 1",  "channel 2",  "channel 5", "channel 9",
-                                "channel 11", "channel 13", versionReply, "sync"};
-        const QStringList edits{"Copy Preset",   "Paste Preset",           "Copy Channel",
-                                "Paste Channel", "Paste Preset to New",    "Auto Populate Setlist",
-                                "Paste Channel", "Reset Preset to Default"};
+        const auto words = [](const char* list) { return QString(list).split(", "); };
+        const QStringList pages = words("mode 0, mode 1, mode 2, mode 5, mode 11, mode 13, sync, "
+                                        "channel 1, channel 2, channel 5, channel 9, channel 13")
+            << versionReply;
+        const QStringList edits =
+            words("Copy Preset, Paste Preset, Paste Preset to New, Copy Channel, Paste Channel, "
+                  "Paste Channel, Auto Populate Setlist, Reset Preset to Default");
         return {
             {"delete", 3,
              [this] {
                  if (list()->count() < 4)
                      return;
                  list()->setCurrentRow(anyRowToMove());
-                 press("deletepreset");
-                 answer("deleteDialogForm", "delete_2");
+                 ask("deletepreset", "deleteDialogForm", "delete_2");
              }},
-            {"touch", 40, [this] { touch(anyControl()); }},
+            {"touch", 40, [this] { touch(); }},
             {"panel", 20, [this] { command(parameterChange()); }},
             {"page", 6, [=, this] { command(anyOf(pages)); }},
             {"panel preset", 3,
@@ -339,12 +336,12 @@ private:
                  command(slot + " recall");
                  sent.remove(slot.back());
              }},
-            {"recall", 10, [this] { queueRow(anyRow()); }},
+            {"recall", 10, [this] { queueRow(); }},
             {"quick recalls", 6,
              [this] {
-                 queueRow(anyRow());
-                 queueRow(anyRow());
-                 touch(anyControl());
+                 queueRow();
+                 queueRow();
+                 press(anyControl());
              }},
             {"edit menu", 8,
              [=, this] {
@@ -356,14 +353,10 @@ private:
             {"save", 4,
              [this] {
                  mayBeSaved.insert(list()->currentItem()->text());
-                 press("save");
+                 press(view("save"));
              }},
-            {"save as", 2,
-             [this] {
-                 press("saveas");
-                 answer("saveAsDialogForm", "save");
-             }},
-            {"revert", 3, [this] { press("revert"); }},
+            {"save as", 2, [this] { ask("saveas", "saveAsDialogForm", "save"); }},
+            {"revert", 3, [this] { press(view("revert")); }},
             {"rename", 2,
              [this] {
                  window->fullPower()->slotCheckToAllowRename(list()->currentItem());
@@ -382,22 +375,17 @@ private:
             {"send", 5,
              [this] {
                  const QString letter = anyOf(setlistLetters);
-                 sendSlots(letter, "send" + letter);
+                 sendSlots(letter, view("send" + letter));
              }},
-            {"send all", 1, [this] { sendSlots(setlistLetters, "send_all"); }},
+            {"send all", 1, [this] { sendSlots(setlistLetters, view("send_all")); }},
             {"receive", 5,
              [this] {
-                 press(QString("receive") + anyOf(setlistLetters));
                  view<QRadioButton>(chance(50) ? "toNew" : "toSetlistSlot")->setChecked(true);
-                 answer("receivePresetDialogForm", "receive");
+                 ask(QString("receive") + anyOf(setlistLetters), "receivePresetDialogForm",
+                     "receive");
                  answer("receiveAsDialogForm", "receive");
-                 require(rests(), "the progress box stays open");
              }},
-            {"receive all", 1,
-             [this] {
-                 press("receive_all");
-                 answer("receiveAllDialogForm", "receive");
-             }},
+            {"receive all", 1, [this] { ask("receive_all", "receiveAllDialogForm", "receive"); }},
             {"unplug", 2,
              [this] {
                  ambush.clear();
