@@ -40,37 +40,37 @@ QList<MidiPortInfo> fromJuce(const juce::Array<juce::MidiDeviceInfo>& devices)
 class JuceInputPort : public MidiInputPort
 {
 public:
-    explicit JuceInputPort(std::unique_ptr<juce::MidiInput> input)
-        : m_input(std::move(input))
+    explicit JuceInputPort(std::unique_ptr<juce::MidiInput> opened)
+        : input(std::move(opened))
     {
         inputPause().inputOpened();
     }
     ~JuceInputPort() override
     {
-        m_input.reset();
+        input.reset();
         inputPause().inputClosed();
     }
-    void start() override { m_input->start(); }
-    void stop() override { m_input->stop(); }
+    void start() override { input->start(); }
+    void stop() override { input->stop(); }
 
 private:
-    std::unique_ptr<juce::MidiInput> m_input;
+    std::unique_ptr<juce::MidiInput> input;
 };
 
 class JuceOutputPort : public MidiOutputPort
 {
 public:
-    explicit JuceOutputPort(std::unique_ptr<juce::MidiOutput> output)
-        : m_output(std::move(output))
+    explicit JuceOutputPort(std::unique_ptr<juce::MidiOutput> opened)
+        : output(std::move(opened))
     {
     }
     void sendMessageNow(const juce::MidiMessage& message) override
     {
-        m_output->sendMessageNow(message);
+        output->sendMessageNow(message);
     }
 
 private:
-    std::unique_ptr<juce::MidiOutput> m_output;
+    std::unique_ptr<juce::MidiOutput> output;
 };
 
 #if defined(__linux__)

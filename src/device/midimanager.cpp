@@ -6,6 +6,7 @@
 #include <QMessageBox>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -13,9 +14,14 @@ namespace
 const QString huiVirtualInput = QStringLiteral("loopMIDI Port 1");
 const QString huiVirtualOutput = QStringLiteral("loopMIDI Port");
 
-QString foldedVariant(const QString& name)
+// Empty without a match.
+QString lastMatch(const QStringList& names, const QString& wanted)
 {
-    return QStringLiteral("%1%2").arg(name.left(5), name.mid(5).toLower());
+    const QString folded = wanted.left(5) + wanted.mid(5).toLower();
+    const auto found = std::find_if(names.crbegin(), names.crend(), [&](const QString& name) {
+        return name.contains(wanted) || name.contains(folded);
+    });
+    return found == names.crend() ? QString() : *found;
 }
 
 juce::uint8 dataByte(int value) { return static_cast<juce::uint8>(value & 0x7F); }
@@ -29,7 +35,7 @@ juce::uint8 statusByte(int kind, int channel)
 
 MidiManager::MidiManager(QObject* parent, std::unique_ptr<MidiPorts> ports)
     : QObject(parent)
-    , m_ports(ports ? std::move(ports) : std::make_unique<JucePorts>())
+    , systemPorts(ports ? std::move(ports) : std::make_unique<JucePorts>())
 {
     setObjectName(QStringLiteral("midiManager"));
     qRegisterMetaType<MidiMessage>("MidiMessage");
@@ -51,52 +57,43 @@ void MidiManager::handleIncomingMidiMessage(juce::MidiInput* source, const MidiM
 
 void MidiManager::slot_PollDevices()
 {
-    const QList<MidiPortInfo> inputs = listInputs();
-    const QList<MidiPortInfo> outputs = listOutputs();
+    // Both lists are known before either change is told, so that the first to hear can see to both.
+    const QList<MidiPortInfo> lastInputs = std::exchange(knownInputNames, listInputs());
+    const QList<MidiPortInfo> lastOutputs = std::exchange(knownOutputNames, listOutputs());
+    const bool inputsChanged = lastInputs != knownInputNames;
+    const bool outputsChanged = lastOutputs != knownOutputNames;
 
-    if (inputs != knownInputNames) {
-        knownInputNames = inputs;
+    if (inputsChanged)
         emit signal_MidiInputsChanged();
-    } else {
-        emit signal_MidiInputsUnchanged();
-    }
-    if (outputs != knownOutputNames) {
-        knownOutputNames = outputs;
+    if (outputsChanged)
         emit signal_MidiOutputsChanged();
-    }
-}
-
-bool MidiManager::nameMatches(const QString& portName, const QString& wanted)
-{
-    return portName.contains(wanted) || portName.contains(foldedVariant(wanted));
+    if (!inputsChanged && !outputsChanged)
+        emit signal_MidiPortsUnchanged();
 }
 
 void MidiManager::slotRenameDevices(QString inputDevice, QString outputDevice,
                                     QString controlInputDevice, QString controlOutputDevice)
 {
-    QString foundInput = inputDevice;
-    QString foundControlInput = controlInputDevice;
-    for (const QString& name : getMidiInputDevices()) {
-        if (nameMatches(name, inputDevice))
-            foundInput = name;
-        if (nameMatches(name, controlInputDevice))
-            foundControlInput = name;
-    }
-    emit signalUpdateInputDeviceName(foundInput, foundControlInput);
+    renameDevices({inputDevice, outputDevice, controlInputDevice, controlOutputDevice},
+                  getMidiInputDevices(), getMidiOutputDevices());
+}
 
-    QString foundOutput = outputDevice;
-    QString foundControlOutput = controlOutputDevice;
-    for (const QString& name : getMidiOutputDevices()) {
-        if (nameMatches(name, outputDevice)) {
-            foundOutput = name;
-            sysexOutputName = name;
-        }
-        if (nameMatches(name, controlOutputDevice)) {
-            foundControlOutput = name;
-            controlOutputName = name;
-        }
-    }
-    emit signalUpdateOutputDeviceName(foundOutput, foundControlOutput);
+void MidiManager::renameDevices(const MixerNames& wanted, const QStringList& inputs,
+                                const QStringList& outputs)
+{
+    const auto orElse = [](const QString& found, const QString& name) {
+        return found.isEmpty() ? name : found;
+    };
+    emit signalUpdateInputDeviceName(
+        orElse(lastMatch(inputs, wanted.input), wanted.input),
+        orElse(lastMatch(inputs, wanted.controlInput), wanted.controlInput));
+
+    const QString output = lastMatch(outputs, wanted.output);
+    const QString controlOutput = lastMatch(outputs, wanted.controlOutput);
+    sysexOutputName = orElse(output, sysexOutputName);
+    controlOutputName = orElse(controlOutput, controlOutputName);
+    emit signalUpdateOutputDeviceName(orElse(output, wanted.output),
+                                      orElse(controlOutput, wanted.controlOutput));
 }
 
 MidiOutputPort* MidiManager::findOpenOutput(const QString& name, const char* complaint) const
@@ -152,7 +149,7 @@ void MidiManager::outputNoteOn(QString deviceName, int channel, int noteNum, int
 
 void MidiManager::slotFindAudioDeviceNameOnConnect()
 {
-    const QStringList names = m_ports->audioOutputNames();
+    const QStringList names = systemPorts->audioOutputNames();
     if (names.contains(QStringLiteral("J-Sum")))
         return;
     qDebug() << "\n============== !!!INCORRECT AUDIO DEVICE NAME!!! ==============\n"

@@ -35,19 +35,28 @@ public:
     QStringList getMidiInputDevices();
     QStringList getMidiOutputDevices();
 
+    // What the last poll found.
+    const QList<MidiPortInfo>& inputsAtLastPoll() const { return knownInputNames; }
+    const QList<MidiPortInfo>& outputsAtLastPoll() const { return knownOutputNames; }
+
     // Open the first port of exactly this name; false, with a debug line, when there is none or it
-    // can't be opened.
+    // can't be opened. A caller who has the system's list passes the port itself.
     bool openMidiInput(QString name);
     bool openMidiOutput(QString name);
+    bool openMidiInput(const MidiPortInfo& found);
+    bool openMidiOutput(const MidiPortInfo& found);
     // False when the name is not open.
     bool closeMidiInput(QString name);
     bool closeMidiOutput(QString name);
     bool isInputOpen(const QString& name) const { return openInputIndex.contains(name); }
     bool isOutputOpen(const QString& name) const { return openOutputIndex.contains(name); }
 
-    // Whether a port of this name is found by the wanted name: as it stands, or in lower case after
-    // its fifth character. Case-sensitive otherwise.
-    static bool nameMatches(const QString& portName, const QString& wanted);
+    struct MixerNames {
+        QString input, output, controlInput, controlOutput;
+    };
+    // What slotRenameDevices does, in lists that the caller has.
+    void renameDevices(const MixerNames& wanted, const QStringList& inputs,
+                       const QStringList& outputs);
 
     void setDemoMode(bool enabled) { demoMode = enabled; }
 
@@ -56,8 +65,9 @@ public:
     void handlePartialSysexMessage(juce::MidiInput*, const juce::uint8*, int, double) override { }
 
 public slots:
-    // Finds the mixer's ports by the names passed in; the last match in the system's order wins,
-    // and a name without a match is answered as it came.
+    // Finds the mixer's ports by the names passed in, which a port's name holds as they stand or in
+    // lower case after their fifth character. The last match in the system's order wins, and a name
+    // without a match is answered as it came.
     void slotRenameDevices(QString inputDevice, QString outputDevice, QString controlInputDevice,
                            QString controlOutputDevice);
     void slotFindAudioDeviceNameOnConnect();
@@ -80,8 +90,8 @@ signals:
     // The list differs from the last poll's, if only in an identifier.
     void signal_MidiInputsChanged();
     void signal_MidiOutputsChanged();
-    // A poll that found the inputs of the one before.
-    void signal_MidiInputsUnchanged();
+    // A poll that raised neither.
+    void signal_MidiPortsUnchanged();
     void signal_ReceiveMidiInput(QString sourceName, MidiMessage message);
     void signalUpdateInputDeviceName(QString newInputDeviceName, QString newControlInputDeviceName);
     void signalUpdateOutputDeviceName(QString newOutputDeviceName,
@@ -103,7 +113,7 @@ private:
     void closeHuiPorts();
     MidiOutputPort* findOpenOutput(const QString& name, const char* complaint) const;
 
-    std::unique_ptr<MidiPorts> m_ports;
+    std::unique_ptr<MidiPorts> systemPorts;
 
     QString sysexOutputName;
     QString controlOutputName;

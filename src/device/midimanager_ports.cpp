@@ -6,25 +6,6 @@
 namespace
 {
 
-QStringList namesOf(const QList<MidiPortInfo>& ports)
-{
-    QStringList names;
-    names.reserve(ports.size());
-    for (const auto& port : ports)
-        names.append(port.name);
-    return names;
-}
-
-// Of two devices with the same name the first is taken.
-QString identifierOf(const QList<MidiPortInfo>& ports, const QString& name)
-{
-    for (const auto& port : ports) {
-        if (port.name == name)
-            return port.identifier;
-    }
-    return {};
-}
-
 // Positions behind the removed one move up, and the map with them.
 template <typename OpenPort>
 void removePort(std::vector<OpenPort>& ports, QMap<QString, int>& index, const QString& name)
@@ -62,14 +43,14 @@ template <typename OpenPort> OpenPort& append(std::vector<OpenPort>& ports, Open
 
 QList<MidiPortInfo> MidiManager::listInputs()
 {
-    const QList<MidiPortInfo> ports = m_ports->inputs();
+    const QList<MidiPortInfo> ports = systemPorts->inputs();
     pruneStale(openInputs, openInputIndex, ports, QLatin1String("loopMIDI Port 1"));
     return ports;
 }
 
 QList<MidiPortInfo> MidiManager::listOutputs()
 {
-    const QList<MidiPortInfo> ports = m_ports->outputs();
+    const QList<MidiPortInfo> ports = systemPorts->outputs();
     // The shorter text spares both virtual ports.
     pruneStale(openOutputs, openOutputIndex, ports, QLatin1String("loopMIDI Port"));
     return ports;
@@ -81,8 +62,18 @@ QStringList MidiManager::getMidiOutputDevices() { return namesOf(listOutputs());
 
 bool MidiManager::openMidiInput(QString name)
 {
-    const QString identifier = identifierOf(m_ports->inputs(), name);
-    auto port = identifier.isEmpty() ? nullptr : m_ports->openInput(identifier, this);
+    return openMidiInput(portNamed(systemPorts->inputs(), name));
+}
+
+bool MidiManager::openMidiOutput(QString name)
+{
+    return openMidiOutput(portNamed(systemPorts->outputs(), name));
+}
+
+bool MidiManager::openMidiInput(const MidiPortInfo& found)
+{
+    const auto& [name, identifier] = found;
+    auto port = identifier.isEmpty() ? nullptr : systemPorts->openInput(identifier, this);
     auto& opened = append(openInputs, {std::move(port), identifier});
     if (!opened.port) {
         qDebug() << "error adding input device" << name;
@@ -94,10 +85,10 @@ bool MidiManager::openMidiInput(QString name)
     return true;
 }
 
-bool MidiManager::openMidiOutput(QString name)
+bool MidiManager::openMidiOutput(const MidiPortInfo& found)
 {
-    const QString identifier = identifierOf(m_ports->outputs(), name);
-    auto port = identifier.isEmpty() ? nullptr : m_ports->openOutput(identifier);
+    const auto& [name, identifier] = found;
+    auto port = identifier.isEmpty() ? nullptr : systemPorts->openOutput(identifier);
     if (!append(openOutputs, {std::move(port), identifier}).port) {
         qDebug() << "error adding output device" << name;
         return false;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 #include <juce_audio_devices/juce_audio_devices.h>
 
@@ -33,6 +33,25 @@ struct MidiPortInfo {
 
     bool operator==(const MidiPortInfo&) const = default;
 };
+
+inline QStringList namesOf(const QList<MidiPortInfo>& ports)
+{
+    QStringList names;
+    names.reserve(ports.size());
+    for (const auto& port : ports)
+        names.append(port.name);
+    return names;
+}
+
+// The first of twins; without an identifier when there is none of this name.
+inline MidiPortInfo portNamed(const QList<MidiPortInfo>& ports, const QString& name)
+{
+    for (const auto& port : ports) {
+        if (port.name == name)
+            return port;
+    }
+    return {name, {}};
+}
 
 class MidiPorts
 {

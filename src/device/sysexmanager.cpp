@@ -6,7 +6,6 @@
 
 #include <QDebug>
 
-#include <algorithm>
 #include <utility>
 
 namespace
@@ -44,7 +43,6 @@ SysexManager::SysexManager(QObject* parent, std::unique_ptr<MidiPorts> ports)
     , outputDeviceName(audioName)
     , controlOutputDeviceName(controlName)
     , controlInputDeviceName(controlName)
-    , outputNameAtLastChange(outputDeviceName)
     , portNamePrefix(QStringLiteral("J-Sum "))
     , portNameSuffix(QStringLiteral(" In"))
     , channelIds(toStringList(sysex::channelIdTable))
@@ -67,8 +65,7 @@ void SysexManager::connectMidiManager()
     connect(midiManager, SIGNAL(signalUpdateOutputDeviceName(QString, QString)), this,
             SLOT(slotUpdateOutputDeviceName(QString, QString)));
     slotConnectInputsandOutputs();
-    connect(midiManager, SIGNAL(signal_MidiInputsUnchanged()), this,
-            SLOT(slotMidiInputsUnchanged()));
+    connect(midiManager, SIGNAL(signal_MidiPortsUnchanged()), this, SLOT(slotOpenMissingInput()));
     connect(midiManager, SIGNAL(signal_ReceiveMidiInput(QString, MidiMessage)), this,
             SLOT(slotReceiveMidiInput(QString, MidiMessage)));
     connect(midiManager, SIGNAL(signalHUIPortButton(bool)), this,
@@ -121,58 +118,63 @@ void SysexManager::slotUpdateOutputDeviceName(QString newOutputDeviceName,
     controlOutputDeviceName = newControlOutputDeviceName;
 }
 
-void SysexManager::findNames()
+void SysexManager::findNames(const QStringList& inputs, const QStringList& outputs)
 {
-    const QStringList inputs = midiManager->getMidiInputDevices();
-    const QStringList outputs = midiManager->getMidiOutputDevices();
-    midiManager->slotRenameDevices(nameToFind(inputDeviceName, audioName, inputs),
-                                   nameToFind(outputDeviceName, audioName, outputs),
-                                   nameToFind(controlInputDeviceName, controlName, inputs),
-                                   nameToFind(controlOutputDeviceName, controlName, outputs));
+    midiManager->renameDevices({nameToFind(inputDeviceName, audioName, inputs),
+                                nameToFind(outputDeviceName, audioName, outputs),
+                                nameToFind(controlInputDeviceName, controlName, inputs),
+                                nameToFind(controlOutputDeviceName, controlName, outputs)},
+                               inputs, outputs);
 }
 
-void SysexManager::slotMidiInputsChanged()
+void SysexManager::slotMidiInputsChanged() { followPorts(); }
+
+void SysexManager::slotMidiOutputsChanged() { followPorts(); }
+
+void SysexManager::followPorts()
 {
-    const QString lastName = inputDeviceName;
-    findNames();
-    knownInputDevices = midiManager->getMidiInputDevices();
-    qDebug() << "____New Input Devices:" << knownInputDevices;
+    const auto lastInputs = std::exchange(knownInputDevices, midiManager->inputsAtLastPoll());
+    const auto lastOutputs = std::exchange(knownOutputDevices, midiManager->outputsAtLastPoll());
+    const bool inputsChanged = lastInputs != knownInputDevices;
+    const bool outputsChanged = lastOutputs != knownOutputDevices;
+    // The second signal of a poll that changed both.
+    if (!inputsChanged && !outputsChanged)
+        return;
 
-    slotMidiInputsUnchanged();
-    if (lastName != inputDeviceName)
-        midiManager->closeMidiInput(lastName);
+    const QString lastInput = inputDeviceName;
+    const QString lastOutput = outputDeviceName;
+    const QStringList inputs = namesOf(knownInputDevices);
+    const QStringList outputs = namesOf(knownOutputDevices);
+    findNames(inputs, outputs);
+    const bool outputIsThere = outputs.contains(outputDeviceName);
+    // When its output alone has gone, the mixer is told of by its name once more.
+    if (!inputsChanged && !outputIsThere)
+        outputDeviceName = lastOutput;
 
-    // The outputs came a poll earlier, when only this slot could have found their name.
-    if (outputNameAtLastChange != outputDeviceName
-        && knownOutputDevices.contains(outputDeviceName)) {
-        slotMidiOutputsChanged();
-    }
+    if (inputsChanged)
+        qDebug() << "____New Input Devices:" << inputs;
+    slotOpenMissingInput();
+    if (lastInput != inputDeviceName)
+        midiManager->closeMidiInput(lastInput);
+
+    const bool isRenamed = lastOutput != outputDeviceName;
+    if (outputsChanged)
+        qDebug() << "____New Output Devices:" << outputs;
+    if (outputsChanged || (isRenamed && outputIsThere))
+        followOutput(lastOutput, !isRenamed && namesOf(lastOutputs).contains(lastOutput));
 }
 
-void SysexManager::slotMidiInputsUnchanged()
+void SysexManager::slotOpenMissingInput()
 {
-    if (knownInputDevices.contains(inputDeviceName) && !midiManager->isInputOpen(inputDeviceName))
-        midiManager->openMidiInput(inputDeviceName);
+    const MidiPortInfo port = portNamed(knownInputDevices, inputDeviceName);
+    if (!port.identifier.isEmpty() && !midiManager->isInputOpen(inputDeviceName))
+        midiManager->openMidiInput(port);
 }
 
-void SysexManager::slotMidiOutputsChanged()
+void SysexManager::followOutput(const QString& lastName, bool wasPresent)
 {
-    const QStringList devices = midiManager->getMidiOutputDevices();
-
-    // The outputs come a poll later than the inputs: names are looked up only in the inputs' slot.
-    const QString wanted = nameToFind(outputDeviceName, audioName, devices);
-    const auto isFound = [&](const QString& name) {
-        return name != outputDeviceName && MidiManager::nameMatches(name, wanted);
-    };
-    if (std::any_of(devices.begin(), devices.end(), isFound))
-        slotMidiInputsChanged();
-
-    const QString lastName = std::exchange(outputNameAtLastChange, outputDeviceName);
-    const bool isPresent = devices.contains(outputDeviceName);
-    bool wasPresent = lastName == outputDeviceName && knownOutputDevices.contains(lastName);
-    knownOutputDevices = devices;
-    qDebug() << "____New Output Devices:" << knownOutputDevices;
-
+    const MidiPortInfo port = portNamed(knownOutputDevices, outputDeviceName);
+    const bool isPresent = !port.identifier.isEmpty();
     // Whatever bears the name now is another mixer, or one that has restarted: an unplug comes
     // first.
     const bool isReplaced = connected && isPresent && !midiManager->isOutputOpen(outputDeviceName);
@@ -185,7 +187,7 @@ void SysexManager::slotMidiOutputsChanged()
         wasPresent = false;
     }
     if (isPresent && !wasPresent)
-        connected = midiManager->openMidiOutput(outputDeviceName);
+        connected = midiManager->openMidiOutput(port);
     if (!wasPresent || !connected)
         tellConnection();
 }

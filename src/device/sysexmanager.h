@@ -66,8 +66,8 @@ public slots:
                                     QString newControlOutputDeviceName);
     void slotMidiOutputsChanged();
     void slotMidiInputsChanged();
-    // Tries an input again that could not be opened.
-    void slotMidiInputsUnchanged();
+    // Opens the mixer's input if it is there and not open: one that was refused is tried again.
+    void slotOpenMissingInput();
     void slotClosePorts();
     void slotConnectInputsandOutputs();
     void slotReceiveMidiInput(QString sourceName, MidiMessage message);
@@ -137,7 +137,9 @@ signals:
 private:
     void connectMidiManager();
     void connectFirmwareManager();
-    void findNames();
+    void followPorts();
+    void findNames(const QStringList& inputs, const QStringList& outputs);
+    void followOutput(const QString& lastName, bool wasPresent);
     void tellConnection();
     void sendFrame(sysex::Type type, const sysex::Payload& payload = {});
     void sendChannelSelectFrame(int channelNum);
@@ -165,11 +167,9 @@ private:
     QString outputDeviceName;
     QString controlOutputDeviceName;
     QString controlInputDeviceName;
-    QStringList knownOutputDevices;
-    QStringList knownInputDevices;
-    // The name that the outputs' change slot worked with last. Ports may arrive direction by
-    // direction; a name that was found since then counts as absent before.
-    QString outputNameAtLastChange;
+    // What followPorts has seen to, with their identifiers.
+    QList<MidiPortInfo> knownOutputDevices;
+    QList<MidiPortInfo> knownInputDevices;
     QString portNamePrefix;
     QString portNameSuffix;
     QStringList channelIds;

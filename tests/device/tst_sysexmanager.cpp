@@ -89,7 +89,9 @@ private slots:
         QVERIFY(!heard().contains("signalConnected true"));
         plug({});
         ports->refuseToOpen = false;
+        ports->asked = 0;
         plug(mixerPorts);
+        QCOMPARE(ports->asked, 2); // each asking walks all that the system has
         QVERIFY(manager->isConnected());
         QCOMPARE(ports->openInputs.size(), 1);
         QCOMPARE(ports->openOutputs.size(), 1);
@@ -133,6 +135,7 @@ private slots:
         const MidiPortInfo plain{mixer, "plain"};
         const MidiPortInfo again{mixer, "again"};
         const MidiPortInfo twin{mixer, "twin"};
+        const MidiPortInfo first{"1- " + mixer, "first"};
         const MidiPortInfo second{"2- " + mixer, "second"};
         const QStringList connects{"signalConnected true"};
         const QStringList leaves{"signalConnected false"};
@@ -149,7 +152,9 @@ private slots:
             {{twin}, twin, leaves + connects},
             {{second}, second, leaves + connects},
             {{}, {}, leaves},
-            {{plain}, plain, connects},
+            {{first}, first, connects},
+            {{first, second, plain}, first, {}}, // no other name holds its own
+            {{second, plain}, plain, leaves + connects},
         };
         QSignalSpy found(manager->midi(), SIGNAL(signalUpdateOutputDeviceName(QString, QString)));
         const auto withSurface = [](QList<MidiPortInfo> list) {

@@ -21,6 +21,7 @@ public:
     QList<Sent> sent;
     QStringList openInputs; // identifiers, in the order of opening
     QStringList openOutputs;
+    int asked = 0; // for either list
     bool refuseToOpen = false;
     bool refuseInputs = false;
     QStringList audioNames{QStringLiteral("J-Sum")};
@@ -46,8 +47,8 @@ public:
         return bytes;
     }
 
-    QList<MidiPortInfo> inputs() override { return inputList; }
-    QList<MidiPortInfo> outputs() override { return outputList; }
+    QList<MidiPortInfo> inputs() override { return ++asked, inputList; }
+    QList<MidiPortInfo> outputs() override { return ++asked, outputList; }
     std::unique_ptr<MidiInputPort> openInput(const QString& identifier,
                                              juce::MidiInputCallback*) override
     {
