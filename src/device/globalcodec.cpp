@@ -49,7 +49,7 @@ Identifiers takeSetting(QStringView name)
     NameRest rest(name);
     std::uint8_t channel = 0;
     if (part.isEmpty()) {
-        // The word for no channel is removed like a channel.
+        // A name that holds the word "none" loses it like a channel.
         rest.removeAll({u"none"});
     } else {
         QVarLengthArray<QChar, 8> tablePart{u'_'};
@@ -89,7 +89,7 @@ Encoded encodeGlobalParameter(QStringView name, int value)
     return {payload, std::move(lines)};
 }
 
-Decoded decodeGlobalParameter(std::span<const std::uint8_t, payloadSize> payload)
+Decoded decodeGlobalParameter(PayloadView payload)
 {
     if (payload[0] == static_cast<std::uint8_t>(View::MidiMapping))
         return decodeMidiMapping(payload[1], payload[2], payload[3], payload[4], payload[5]);
@@ -129,7 +129,7 @@ Decoded decodeGlobalParameter(std::span<const std::uint8_t, payloadSize> payload
         channelName = channelName.mid(1);
         break;
     default:
-        // Beside the lines above; for a view beyond the last the same line again.
+        // After the lines above; so a view beyond the last gets this line twice.
         complain(invalidView, view);
         return decoded;
     }

@@ -13,6 +13,6 @@ Encoded encodeGlobalParameter(QStringView name, int value);
 
 // Gives view 4, 5, 6 or 7, or View::None and at least one line. The value is unsigned, up to 32767;
 // 255 for the mapping.
-Decoded decodeGlobalParameter(std::span<const std::uint8_t, payloadSize> payload);
+Decoded decodeGlobalParameter(PayloadView payload);
 
 } // namespace sysex

@@ -149,7 +149,7 @@ Decoded decodeMidiMapping(int ctrlType, int ctrlTypeNum, int bankNum, int msgTyp
 
     // Only the first that is wrong is told...
     if (outside(ctrlType, Diamond))
-        complain("invalad global midi ctrl type sysex"); // the spelling is known by now
+        complain("invalad global midi ctrl type sysex"); // spelled so
     else if (outside(ctrlTypeNum, lastControlNumber))
         complain(badNumber);
     else if (outside(bankNum, lastBank))

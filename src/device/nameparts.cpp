@@ -63,7 +63,7 @@ void NameRest::removeAll(std::initializer_list<QStringView> pieces)
 std::uint8_t takeChannel(NameRest& rest)
 {
     QStringView part = partAtStart(rest.view(), channelForms);
-    // The word itself is removed too, where a name should hold it.
+    // A name that holds the word "none" loses it like a channel.
     if (part.isEmpty())
         part = u"none";
     const auto id = channelIdOf(part);

@@ -41,7 +41,7 @@ Encoded encodePresetParameter(QStringView name, int value)
                                     [name](const auto& row) { return name.contains(row.marker); });
     if (found == viewWords.end())
         return {.lines = {lineWithName("preset parameter not sent - no view in its name", name)}};
-    // It travels as a global parameter only.
+    // A strip's phantom power travels as a global parameter only.
     if (found->view == View::ChannelStrip && name.endsWith(u"_phantom"))
         return {};
 
@@ -59,7 +59,7 @@ Encoded encodePresetParameter(QStringView name, int value)
                                parameter, bytes.high, bytes.low}};
 }
 
-Decoded decodePresetParameter(std::span<const std::uint8_t, payloadSize> payload)
+Decoded decodePresetParameter(PayloadView payload)
 {
     const std::uint8_t channel = payload[1];
     const std::uint8_t secondary = channel == 0 ? std::uint8_t{0} : payload[2]; // not read then

@@ -12,6 +12,6 @@ namespace sysex
 Encoded encodePresetParameter(QStringView name, int value);
 
 // Gives view 1, 2 or 3, or View::None and at least one line. The value is unsigned, up to 32767.
-Decoded decodePresetParameter(std::span<const std::uint8_t, payloadSize> payload);
+Decoded decodePresetParameter(PayloadView payload);
 
 } // namespace sysex

@@ -11,6 +11,7 @@ namespace
 constexpr std::array<std::uint8_t, 5> header{0xF0, 0x00, 0x01, 0x5F, 0x23};
 constexpr std::size_t typePosition = header.size();
 static_assert(typePosition + 1 + payloadSize + 1 == frameSize);
+static_assert(at::payload + payloadSize == 11 && at::payload + transferSize == 8);
 
 struct IncomingRow {
     std::size_t dataSize;

@@ -14,6 +14,9 @@ inline constexpr std::size_t frameSize = 13;
 inline constexpr std::size_t payloadSize = 6;
 using Frame = std::array<std::uint8_t, frameSize>;
 using Payload = std::array<std::uint8_t, payloadSize>;
+using PayloadView = std::span<const std::uint8_t, payloadSize>;
+// What a slot transfer has in place of a payload: slot, whether it is finished, whether to save.
+inline constexpr std::size_t transferSize = 3;
 
 enum class Type : std::uint8_t {
     FirmwareVersion = 0x00,

@@ -2,22 +2,23 @@
 #include "sysexmanager.h"
 
 #include "firmwareupdatemanager.h"
+#include "modes.h"
 #include "sysextables.h"
 
 #include <QDebug>
 
+#include <functional>
 #include <utility>
 
 namespace
 {
 
-template <std::size_t Size>
-QStringList toStringList(const std::array<std::string_view, Size>& table)
+template <typename Table, typename Text = std::identity>
+QStringList toStringList(const Table& table, Text text = {})
 {
     QStringList list;
-    list.reserve(static_cast<int>(Size));
     for (const auto& row : table)
-        list.append(QString::fromLatin1(row.data(), static_cast<qsizetype>(row.size())));
+        list.append(QString::fromStdString(std::string(std::invoke(text, row))));
     return list;
 }
 
@@ -25,8 +26,8 @@ QStringList toStringList(const std::array<std::string_view, Size>& table)
 const QString audioName = QStringLiteral("Audio Control");
 const QString controlName = QStringLiteral("Control Surface");
 
-// A remembered name is the wanted one only while its port is there: with "2- " before it, it would
-// never find the port without.
+// A name that was found is looked for only while its port is there. Later only the told one finds
+// the mixer whatever stands around it: "2- ..." would never find the port without the number.
 QString nameToFind(const QString& remembered, const QString& told, const QStringList& present)
 {
     return present.contains(remembered) ? remembered : told;
@@ -47,7 +48,7 @@ SysexManager::SysexManager(QObject* parent, std::unique_ptr<MidiPorts> ports)
     , portNameSuffix(QStringLiteral(" In"))
     , channelIds(toStringList(sysex::channelIdTable))
     , parameterIds(toStringList(sysex::parameterIdTable))
-    , modeIds(toStringList(sysex::modeIdTable))
+    , modeIds(toStringList(sysex::modeTable, &sysex::ModeRow::name))
 {
     setObjectName(QStringLiteral("sysexManager"));
     connectMidiManager();
@@ -147,7 +148,7 @@ void SysexManager::followPorts()
     const QStringList outputs = namesOf(knownOutputDevices);
     findNames(inputs, outputs);
     const bool outputIsThere = outputs.contains(outputDeviceName);
-    // When its output alone has gone, the mixer is told of by its name once more.
+    // When only its output has gone, the line that tells so still names the mixer.
     if (!inputsChanged && !outputIsThere)
         outputDeviceName = lastOutput;
 
@@ -175,8 +176,8 @@ void SysexManager::followOutput(const QString& lastName, bool wasPresent)
 {
     const MidiPortInfo port = portNamed(knownOutputDevices, outputDeviceName);
     const bool isPresent = !port.identifier.isEmpty();
-    // Whatever bears the name now is another mixer, or one that has restarted: an unplug comes
-    // first.
+    // The open port has gone and another is in its place, of another mixer or after a restart: told
+    // as an unplug, then as a plug.
     const bool isReplaced = connected && isPresent && !midiManager->isOutputOpen(outputDeviceName);
     if (!isPresent || isReplaced) {
         connected = false;

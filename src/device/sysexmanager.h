@@ -145,17 +145,16 @@ private:
     void sendChannelSelectFrame(int channelNum);
     void sendEncoded(sysex::Type type, const sysex::Encoded& message);
     void emitGlobal(const sysex::Decoded& parameter);
-    int modeForParameter(const QString& jsonName) const;
 
     void receiveSysex(const MidiMessage& message);
-    void receiveFirmwareVersion(const uchar* payload);
-    void receiveSlotTransfer(const uchar* payload);
+    void receivePresetParameter(sysex::PayloadView payload);
+    void receiveGlobalParameter(sysex::PayloadView payload);
+    void receiveFirmwareVersion(sysex::PayloadView payload);
+    void receiveSlotTransfer(std::span<const uchar, sysex::transferSize> payload);
     void receiveFromControlSurface(const MidiMessage& message);
     void receiveFromHuiHost(const MidiMessage& message);
 
     bool connected = false;
-    // While set, each parameter sent may first move the mixer's mode. Written by the full-power
-    // view.
     bool viewChangingEnabled = false;
     bool demoMode = false;
     QString foundFirmwareVersion;
@@ -172,12 +171,13 @@ private:
     QList<MidiPortInfo> knownInputDevices;
     QString portNamePrefix;
     QString portNameSuffix;
+    // The wire's tables under the names they are known by; the codec reads the tables themselves.
     QStringList channelIds;
     QStringList parameterIds;
     int currentChannel = 0;
     // A mode identifier after a send, a view number after a receive; the two are compared as they
     // stand.
     int currentMode = 0;
-    QStringList modeIds;
+    QStringList modeIds; // as channelIds
     bool didAttemptFwUpdate = false;
 };

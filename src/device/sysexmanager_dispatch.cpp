@@ -1,6 +1,8 @@
 // What SysexManager does with received messages.
 #include "sysexmanager.h"
 
+#include "modes.h"
+
 #include <QDebug>
 
 #include <algorithm>
@@ -32,23 +34,23 @@ void SysexManager::receiveSysex(const MidiMessage& message)
     const uchar* bytes = message.getSysExData();
     const std::span<const uchar> data(
         bytes, static_cast<std::size_t>(std::max(0, message.getSysExDataSize())));
-    // Read only where the size is known to hold it.
-    const uchar* payload = data.size() > sysex::at::type ? bytes + sysex::at::payload : bytes;
+    // As long as the row that classify has found says.
+    const auto payload = data.subspan(std::min(sysex::at::payload, data.size()));
 
     switch (sysex::classify(data)) {
     case sysex::Incoming::FirmwareVersion:
-        receiveFirmwareVersion(payload);
+        receiveFirmwareVersion(payload.first<sysex::payloadSize>());
         return;
     case sysex::Incoming::SlotTransfer:
         if (payload[0] > sysex::lastWireSlot)
             break;
-        receiveSlotTransfer(payload);
+        receiveSlotTransfer(payload.first<sysex::transferSize>());
         return;
     case sysex::Incoming::PresetParameter:
-        slotReceivePresetParameters(const_cast<uchar*>(bytes));
+        receivePresetParameter(payload.first<sysex::payloadSize>());
         return;
     case sysex::Incoming::GlobalParameter:
-        slotReceiveGlobalParameters(const_cast<uchar*>(bytes));
+        receiveGlobalParameter(payload.first<sysex::payloadSize>());
         return;
     case sysex::Incoming::GoToSyncPreset:
         emit signalReceiveGoToSyncPreset(0);
@@ -68,9 +70,9 @@ void SysexManager::receiveSysex(const MidiMessage& message)
     qDebug() << "sysex type code" << sysex::typeOf(data) << "size" << data.size();
 }
 
-void SysexManager::receiveFirmwareVersion(const uchar* payload)
+void SysexManager::receiveFirmwareVersion(sysex::PayloadView payload)
 {
-    // Left in the queue at an unplug.
+    // A reply that was still queued when the mixer was unplugged.
     if (!connected)
         return;
     emit signalStopFwQueryTimer();
@@ -83,7 +85,7 @@ void SysexManager::receiveFirmwareVersion(const uchar* payload)
     emit signalInitFullPowerMode();
 }
 
-void SysexManager::receiveSlotTransfer(const uchar* payload)
+void SysexManager::receiveSlotTransfer(std::span<const uchar, sysex::transferSize> payload)
 {
     const int slot = sysex::slotFromWire(payload[0]);
     const bool finished = payload[1] != 0;
@@ -104,21 +106,11 @@ void SysexManager::receiveSlotTransfer(const uchar* payload)
 
 void SysexManager::slotReceiveModeChange(int dataValue)
 {
-    constexpr int surroundView = 0;
-    constexpr int channelStripView = 1;
-    constexpr int reverbView = 2;
-
-    const bool isBus = dataValue >= sysex::firstAuxChannel && dataValue <= sysex::phonesChannel;
-    int view = -1;
-    if ((dataValue >= 0 && dataValue <= 4) || dataValue == 14 || isBus)
-        view = channelStripView;
-    else if (dataValue == 5)
-        view = reverbView;
-    else if (dataValue == 6)
-        view = surroundView;
-    else
+    const auto page = sysex::pageOf(dataValue);
+    if (!page)
         return;
-
+    const bool isBus = sysex::isBus(dataValue);
+    const int view = static_cast<int>(*page);
     currentMode = view;
     if (isBus)
         currentChannel = dataValue;

@@ -16,11 +16,10 @@ void print(const sysex::LogLines& lines)
         qDebug() << line;
 }
 
-// syxData begins behind 0xF0, and its size has been tested.
-std::span<const uchar, sysex::payloadSize> payloadOf(const uchar* syxData)
+// syxData begins behind 0xF0.
+sysex::PayloadView payloadOf(const uchar* syxData)
 {
-    return std::span<const uchar, sysex::payloadSize>(syxData + sysex::at::payload,
-                                                      sysex::payloadSize);
+    return sysex::PayloadView(syxData + sysex::at::payload, sysex::payloadSize);
 }
 
 } // namespace
@@ -63,7 +62,12 @@ void SysexManager::slotSendMidiParameters(QString parameterName, int dataValue)
 
 void SysexManager::slotReceivePresetParameters(uchar* syxData)
 {
-    const auto parameter = sysex::decodePresetParameter(payloadOf(syxData));
+    receivePresetParameter(payloadOf(syxData));
+}
+
+void SysexManager::receivePresetParameter(sysex::PayloadView payload)
+{
+    const auto parameter = sysex::decodePresetParameter(payload);
     print(parameter.lines);
     switch (parameter.view) {
     case sysex::View::FaderFrame:
@@ -82,7 +86,12 @@ void SysexManager::slotReceivePresetParameters(uchar* syxData)
 
 void SysexManager::slotReceiveGlobalParameters(uchar* syxData)
 {
-    emitGlobal(sysex::decodeGlobalParameter(payloadOf(syxData)));
+    receiveGlobalParameter(payloadOf(syxData));
+}
+
+void SysexManager::receiveGlobalParameter(sysex::PayloadView payload)
+{
+    emitGlobal(sysex::decodeGlobalParameter(payload));
 }
 
 void SysexManager::slotReceiveMidiParameters(int ctrlType, int ctrlTypeNum, int bankNum,

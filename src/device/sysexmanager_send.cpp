@@ -2,6 +2,7 @@
 #include "sysexmanager.h"
 
 #include "firmwareupdatemanager.h"
+#include "modes.h"
 
 #include <QDebug>
 
@@ -137,9 +138,8 @@ void SysexManager::slotSendChannelSelect(int channelNum)
 
 void SysexManager::sendChannelSelectFrame(int channelNum)
 {
-    const bool isMode = channelNum >= sysex::firstAuxChannel && channelNum <= sysex::phonesChannel;
-    const auto type = isMode ? sysex::Type::ModeChange : sysex::Type::ChannelSelect;
-    sendFrame(type, lastByte(channelNum));
+    sendFrame(sysex::isBus(channelNum) ? sysex::Type::ModeChange : sysex::Type::ChannelSelect,
+              lastByte(channelNum));
 }
 
 void SysexManager::slotSaveGlobalParamsToFlash()
@@ -151,53 +151,13 @@ void SysexManager::slotSaveGlobalParamsToFlash()
     sendFrame(sysex::Type::SaveGlobalsToFlash);
 }
 
-int SysexManager::modeForParameter(const QString& jsonName) const
-{
-    const auto holds = [&jsonName](const char* part) {
-        return jsonName.contains(QLatin1String(part));
-    };
-    const auto mode = [this](const QString& name) {
-        const auto index = modeIds.indexOf(name);
-        return index < 0 ? currentMode : static_cast<int>(index);
-    };
-
-    // From here up the modes show no channel faders.
-    constexpr int firstModeWithoutFaders = 5;
-    if (holds("faderframe_") && !holds("aux") && !holds("phones")
-        && currentMode >= firstModeWithoutFaders) {
-        return mode(QStringLiteral("faderframe"));
-    }
-    if (holds("_trim"))
-        return mode(QStringLiteral("trim"));
-    if (holds("_pan"))
-        return mode(QStringLiteral("pan"));
-    if (holds("_eq_"))
-        return mode(QStringLiteral("eq"));
-    if (holds("_compressor_"))
-        return mode(QStringLiteral("compressor"));
-    if (holds("_gate_"))
-        return mode(QStringLiteral("gate"));
-    if (holds("_aux")) {
-        // "faderframe_auxN_..." and "channelstrip_chN_auxN_..."
-        const int digit = holds("faderframe_") ? 14 : 20;
-        return mode(QStringLiteral("aux") + jsonName.mid(digit, 1));
-    }
-    if (holds("_phones_"))
-        return mode(QStringLiteral("phones"));
-    if (holds("reverbtab_"))
-        return mode(QStringLiteral("reverb"));
-    if (holds("surroundtab") && holds("enable"))
-        return mode(QStringLiteral("surround"));
-    return currentMode;
-}
-
 void SysexManager::slotFindModeChangeFromParameterName(QString jsonName)
 {
-    const int mode = modeForParameter(jsonName);
+    const int mode = sysex::modeForParameter(jsonName, currentMode);
     if (mode == currentMode)
         return;
 
-    const bool mainsFromPan = currentMode == modeIds.indexOf(QStringLiteral("pan"))
+    const bool mainsFromPan = currentMode == static_cast<int>(sysex::Mode::Pan)
         && jsonName.contains(QLatin1String("channelstrip_mains_"));
     slotSendModeChange(mode);
     if (mainsFromPan) {

@@ -87,16 +87,10 @@ inline constexpr std::array<std::string_view, 70> parameterIdTable{
     "expander_control",
 };
 
-inline constexpr std::array<std::string_view, 15> modeIdTable{
-    "faderframe", "pan",  "eq",   "compressor", "gate", "reverb", "surround", "none",
-    "none",       "none", "aux1", "aux2",       "aux3", "phones", "trim",
-};
-
 static_assert(channelIdTable[9] == "_mains" && channelIdTable[13] == "_phones");
 static_assert(parameterIdTable[14] == "EMPTY" && parameterIdTable[24] == "EMPTY");
 static_assert(parameterIdTable[4] == "_fader" && parameterIdTable[38] == "_send_level");
 static_assert(parameterIdTable[52] == "hardware_limiter" && parameterIdTable[62] == "_phantom");
 static_assert(parameterIdTable[69] == "expander_control");
-static_assert(modeIdTable[6] == "surround" && modeIdTable[14] == "trim");
 
 } // namespace sysex
