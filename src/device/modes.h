@@ -12,26 +12,15 @@
 namespace sysex
 {
 
+// clang-format off
 enum class Mode : int {
-    FaderFrame = 0,
-    Pan = 1,
-    Eq = 2,
-    Compressor = 3,
-    Gate = 4,
-    Reverb = 5,
-    Surround = 6,
-    Aux1 = 10,
-    Aux3 = 12,
-    Phones = 13,
-    Trim = 14,
+    FaderFrame, Pan, Eq, Compressor, Gate, Reverb, Surround,
+    Aux1 = firstAuxChannel, Aux2, Aux3, Phones, Trim,
 };
+// clang-format on
 
 // Numbered as the view's tabs are.
-enum class Page : int {
-    Surround = 0,
-    ChannelStrip = 1,
-    Reverb = 2,
-};
+enum class Page : int { Surround, ChannelStrip, Reverb };
 
 struct ModeRow {
     std::string_view name;
