@@ -24,16 +24,6 @@ QString copyName(const QString& name, int number)
     return QStringLiteral("%1 copy%2").arg(name, QString::number(number));
 }
 
-// What a setlist's menu offers beside the presets can't be a preset's name.
-QString unreserved(const QString& name)
-{
-    if (name == QStringLiteral("[Off]") || name == QStringLiteral("[OFF]"))
-        return QStringLiteral("off");
-    if (name == QStringLiteral("[DEFAULT]"))
-        return QStringLiteral("default");
-    return name;
-}
-
 } // namespace
 
 QString PresetInterface::slotAppendSuffixToNewPresetName(QString name)

@@ -1,14 +1,34 @@
 #pragma once
 
+#include <QChar>
 #include <QString>
 #include <QVariantMap>
 
-// The one key of a preset that is no parameter, and the name of the preset that follows the mixer.
+// The names that have a meaning of their own: the one key of a preset that is no parameter, the
+// preset that follows the mixer, what a setlist's menu offers beside the presets, and the mixer's
+// slots. For whoever deals with presets by name.
 
 inline QString presetNameKey() { return QStringLiteral("preset_name"); }
 inline QString syncPresetName() { return QStringLiteral("[CONNECTION SYNC]"); }
+inline QString emptySlotName() { return QStringLiteral("[OFF]"); }
+inline QString factoryPresetName() { return QStringLiteral("[DEFAULT]"); }
+
+// What a setlist's menu offers beside the presets can't be a preset's name: another in its place.
+inline QString unreserved(const QString& name)
+{
+    if (name == QStringLiteral("[Off]") || name == emptySlotName())
+        return QStringLiteral("off");
+    return name == factoryPresetName() ? QStringLiteral("default") : name;
+}
 
 inline QString nameOfPreset(const QVariantMap& preset)
 {
     return preset.value(presetNameKey()).toString();
 }
+
+// The mixer's slots, A to L.
+constexpr int slotCount = 12;
+// slot: from 0.
+constexpr QChar slotLetter(qsizetype slot) { return QChar(static_cast<char16_t>(u'A' + slot)); }
+// From 1, as the mixer counts them.
+constexpr int slotNumberOf(QChar letter) { return letter.unicode() - u'A' + 1; }

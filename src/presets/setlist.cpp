@@ -1,5 +1,7 @@
 #include "setlist.h"
 
+#include "presetnames.h"
+
 #include <QDebug>
 #include <QEvent>
 #include <QJsonDocument>
@@ -10,13 +12,6 @@
 
 namespace
 {
-
-constexpr int slotCount = 12;
-
-const QString off = QStringLiteral("[OFF]");
-const QString factoryPreset = QStringLiteral("[DEFAULT]");
-
-QChar letterOf(qsizetype slot) { return QChar(static_cast<char16_t>(u'A' + slot)); }
 
 // Behind "setlist" in the menu's name.
 QChar letterOf(const QComboBox* menu)
@@ -47,7 +42,7 @@ QString Setlist::presetInSlot(QChar letter) const { return setlistMap.value(lett
 bool Setlist::holds(const QString& presetName) const
 {
     for (int slot = 0; slot < slotCount; ++slot) {
-        if (presetInSlot(letterOf(slot)) == presetName)
+        if (presetInSlot(slotLetter(slot)) == presetName)
             return true;
     }
     return false;
@@ -103,7 +98,7 @@ void Setlist::slotRecallSetlist()
         const QChar letter = letterOf(menu);
         menu->setCurrentIndex(menu->findData(presetInSlot(letter), Qt::DisplayRole,
                                              Qt::MatchExactly | Qt::MatchCaseSensitive));
-        emit signalUpdateSendsAndReceives(menu->currentText() != off, letter);
+        emit signalUpdateSendsAndReceives(menu->currentText() != emptySlotName(), letter);
     }
 }
 
@@ -130,7 +125,7 @@ void Setlist::setSlots(const QStringList& texts)
 {
     setlistMap.clear();
     for (qsizetype slot = 0; slot < texts.size(); ++slot)
-        setlistMap.insert(letterOf(slot), texts.at(slot));
+        setlistMap.insert(slotLetter(slot), texts.at(slot));
     slotWriteSetlist();
     emit signalGetPresetList();
 }
@@ -150,12 +145,12 @@ void Setlist::slotPopulateSetlistMenus(ReorderableListWidget* presetList)
     const QStringList names = namesIn(presetList, 1);
     QSet<QString> held;
     for (int slot = 0; slot < slotCount; ++slot)
-        held.insert(presetInSlot(letterOf(slot)));
+        held.insert(presetInSlot(slotLetter(slot)));
 
     for (QComboBox* const menu : std::as_const(menus)) {
         const WireCut cut(compileWire(menu));
         const QString own = presetInSlot(letterOf(menu));
-        QStringList offered{off, factoryPreset};
+        QStringList offered{emptySlotName(), factoryPresetName()};
         std::copy_if(names.cbegin(), names.cend(), std::back_inserter(offered),
                      [&](const QString& name) { return name == own || !held.contains(name); });
         menu->clear();
@@ -172,17 +167,17 @@ void Setlist::slotPopulateSetlistAfterDelete(ReorderableListWidget* presetList)
     for (QString& text : texts) {
         // The factory preset is no row, and goes too: that is how it is wanted.
         if (!rows.contains(text))
-            text = off;
+            text = emptySlotName();
     }
     if (texts != before)
         setSlots(texts);
 }
 
-void Setlist::slotClearSetlist() { setSlots(QStringList(menus.size(), off)); }
+void Setlist::slotClearSetlist() { setSlots(QStringList(menus.size(), emptySlotName())); }
 
 void Setlist::slotAutoPopulateSetlist(ReorderableListWidget* presetList)
 {
-    QStringList texts(menus.size(), off);
+    QStringList texts(menus.size(), emptySlotName());
     const QStringList names = namesIn(presetList, 1);
     const qsizetype filled = std::min(names.size(), texts.size());
     for (qsizetype slot = 0; slot < filled; ++slot) {

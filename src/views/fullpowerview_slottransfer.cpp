@@ -4,6 +4,7 @@
 
 #include "fullpowerview_flow.h"
 #include "presetinterface.h"
+#include "presetnames.h"
 #include "setlist.h"
 #include "sysexmanager.h"
 
@@ -21,14 +22,7 @@
 namespace
 {
 
-constexpr int slotCount = 12;
 constexpr int pauseMs = 500;
-
-const QString off = QStringLiteral("[OFF]");
-const QString factory = QStringLiteral("[DEFAULT]");
-
-QChar letterOf(int slot) { return QChar(u'A' + slot); }
-int slotNumberOf(QChar letter) { return letter.unicode() - u'A' + 1; }
 
 } // namespace
 
@@ -117,7 +111,7 @@ void FullPowerView::slotSendAllPresets()
     endMultipleSelection();
     pauseMixer(true);
     for (int slot = 0; slot < slotCount && flow.isAlive(); ++slot)
-        slotSendPreset(slot, setlist->presetInSlot(letterOf(slot)), slot == slotCount - 1);
+        slotSendPreset(slot, setlist->presetInSlot(slotLetter(slot)), slot == slotCount - 1);
 }
 
 // It holds still while slots are written.
@@ -131,10 +125,11 @@ void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool r
 {
     const Flow flow(this);
     // A name that no preset has is passed over as "[OFF]" is.
-    const int row = presetName == factory ? -1 : form.presetlist->rowOf(presetName);
-    const bool isSent = presetName == factory || (row >= 0 && presetName != off);
+    const int row = presetName == factoryPresetName() ? -1 : form.presetlist->rowOf(presetName);
+    const bool isSent =
+        presetName == factoryPresetName() || (row >= 0 && presetName != emptySlotName());
     const QString progress =
-        QStringLiteral("Sending slot %1 to the board...").arg(letterOf(setlistNumber));
+        QStringLiteral("Sending slot %1 to the board...").arg(slotLetter(setlistNumber));
     // Before events pass: they paint it, and while the parameters go out nothing is painted.
     if (isSent)
         progressForm.found->setText(progress);
@@ -146,7 +141,7 @@ void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool r
         qDebug().noquote() << QStringLiteral(
                                   "sending preset number %1 / setlist slot %2 to the board")
                                   .arg(row)
-                                  .arg(letterOf(setlistNumber));
+                                  .arg(slotLetter(setlistNumber));
         presetInterface->slotSendPreset(row);
         sysexManager->slotSendSaveToSlot(setlistNumber + 1);
         progressForm.found->setText(progress);
@@ -424,7 +419,7 @@ void FullPowerView::receiveAll(const QString& prefix)
 
 bool FullPowerView::receiveSlotAsNew(const Flow& flow, int slot, const QString& prefix)
 {
-    const QChar letter = letterOf(slot - 1);
+    const QChar letter = slotLetter(slot - 1);
     receivedSlotNumber = 0;
     const QString name = presetInterface->slotAppendSuffixToNewPresetName(
         QStringLiteral("%1-%2").arg(prefix, QString(letter)));
