@@ -7,13 +7,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <utility>
-
 namespace
 {
-
-// The file is written at the tick after these.
-constexpr int globalQuietTicks = 500;
 
 const QString globalKey = QStringLiteral("Global");
 
@@ -21,15 +16,11 @@ const QString globalKey = QStringLiteral("Global");
 
 GlobalPresetInterface::GlobalPresetInterface(QObject* parent)
     : QObject(parent)
+    , JsonStore({"global.json",
+                 "WARNING: Global JSON not found - path: ", "Global Json not found on write"})
     , globalSaveTimer(new QTimer(this))
+    , saveDelay(globalSaveTimer, globalSaveTicks, this, SLOT(slotSaveGlobalTimeout()))
 {
-    connect(globalSaveTimer, SIGNAL(timeout()), this, SLOT(slotSaveGlobalTimeout()));
-}
-
-QString GlobalPresetInterface::pathOf(const QString& fileName) const
-{
-    return useResourcesFolder ? QStringLiteral("%1presets/%2").arg(resourcesFolder, fileName)
-                              : QStringLiteral("resources/presets/%1").arg(fileName);
 }
 
 void GlobalPresetInterface::setParameters(const QVariantMap& parameters)
@@ -37,31 +28,18 @@ void GlobalPresetInterface::setParameters(const QVariantMap& parameters)
     globalMap.insert(globalKey, parameters);
 }
 
-void GlobalPresetInterface::slotSetJSONPath()
-{
-    file.setPath(pathOf(QStringLiteral("global.json")), access);
-}
+void GlobalPresetInterface::slotSetJSONPath() { updatePath(); }
 
 void GlobalPresetInterface::slotReadGlobal()
 {
-    const auto document = file.load();
-    if (!document) {
-        qDebug().noquote() << QStringLiteral("WARNING: Global JSON not found - path: ")
-                + file.path();
+    const auto document = read();
+    if (!document)
         return;
-    }
     qDebug() << "Global JSON Found";
     globalMap = *document;
 }
 
-void GlobalPresetInterface::slotWriteGlobal()
-{
-    if (demoMode || access == JsonFile::Access::LookOnly)
-        return;
-    const QByteArray text = QJsonDocument::fromVariant(globalMap).toJson();
-    if (file.write(text) != JsonFile::WriteResult::Written)
-        qDebug() << "Global Json not found on write";
-}
+void GlobalPresetInterface::slotWriteGlobal() { write(globalMap); }
 
 void GlobalPresetInterface::slotWriteDefaultGlobal()
 {
@@ -85,11 +63,10 @@ void GlobalPresetInterface::slotRecallGlobal()
 
 void GlobalPresetInterface::slotSaveGlobalTimeout()
 {
-    ++globalSaveTicks;
-    if (globalSaveTicks > globalQuietTicks) {
-        slotWriteGlobal();
-        globalSaveTimer->stop();
-    }
+    if (!saveDelay.tick())
+        return;
+    slotWriteGlobal();
+    globalSaveTimer->stop();
 }
 
 void GlobalPresetInterface::slotExportGlobalMap() { emit signalExportGlobalMap(globalMap); }
@@ -136,27 +113,8 @@ void GlobalPresetInterface::slotConstructGlobalDefaultMap()
 
 void GlobalPresetInterface::slotSetDemoModeEnabled(bool enabled)
 {
-    const bool leaving = demoMode && !enabled;
-    if (enabled && !demoMode) {
-        if (globalSaveTimer->isActive())
-            slotWriteGlobal();
-        globalSaveTimer->stop();
-        globalMapBeforeDemo = globalMap;
-    }
-    demoMode = enabled;
-    if (enabled) {
-        disconnect(globalSaveTimer, SIGNAL(timeout()), this, SLOT(slotSaveGlobalTimeout()));
-        // Whoever starts it need not know that nothing is written.
-        connect(globalSaveTimer, SIGNAL(timeout()), globalSaveTimer, SLOT(stop()),
-                Qt::UniqueConnection);
-        return;
-    }
-    disconnect(globalSaveTimer, SIGNAL(timeout()), globalSaveTimer, SLOT(stop()));
-    // Not unique on purpose: without demo mode before it, the ticks count twice from here on.
-    connect(globalSaveTimer, SIGNAL(timeout()), this, SLOT(slotSaveGlobalTimeout()));
-    if (!leaving)
-        return;
-    globalSaveTimer->stop();
-    globalSaveTicks = 0;
-    globalMap = std::exchange(globalMapBeforeDemo, {});
+    if (enabled && globalSaveTimer->isActive())
+        slotWriteGlobal();
+    saveDelay.setDemoMode(enabled);
+    setDemoMode(enabled, globalMap, globalMapBeforeDemo);
 }

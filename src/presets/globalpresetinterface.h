@@ -1,6 +1,7 @@
 #pragma once
 
-#include "jsonfile.h"
+#include "jsonstore.h"
+#include "savedelay.h"
 
 #include <QObject>
 #include <QTimer>
@@ -10,19 +11,12 @@
 // second after the last change. ViewManager owns it.
 //
 // A failed read or write leaves a debug line and nothing else. In demo mode nothing is written.
-class GlobalPresetInterface : public QObject
+class GlobalPresetInterface : public QObject, public JsonStore
 {
     Q_OBJECT
 
 public:
     explicit GlobalPresetInterface(QObject* parent = nullptr);
-
-    // Written by ViewManager before the path is computed: whether the file is in resourcesFolder,
-    // which ends in a slash, and not in the working directory.
-    QString resourcesFolder;
-    bool useResourcesFolder = false;
-    // Likewise: whether the folder is this editor's; in another's, nothing is touched.
-    JsonFile::Access access = JsonFile::Access::Full;
 
     // A control that changes a global value starts the timer with 1 ms if it isn't active, and sets
     // the count of its ticks to 0.
@@ -63,12 +57,10 @@ signals:
     void signalExportGlobalMap(QVariantMap map);
 
 private:
-    QString pathOf(const QString& fileName) const;
     void setParameters(const QVariantMap& parameters);
 
     QVariantMap globalMap;
     QVariantMap defaultGlobalMap;
-    JsonFile file;
-    bool demoMode = false;
     QVariantMap globalMapBeforeDemo;
+    SaveDelay saveDelay;
 };

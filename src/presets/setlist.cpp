@@ -2,13 +2,10 @@
 
 #include "presetnames.h"
 
-#include <QDebug>
 #include <QEvent>
-#include <QJsonDocument>
 #include <QSet>
 
 #include <algorithm>
-#include <utility>
 
 namespace
 {
@@ -32,6 +29,7 @@ QStringList namesIn(const ReorderableListWidget* presetList, int firstRow)
 
 Setlist::Setlist(QWidget* parent)
     : QWidget(parent)
+    , JsonStore({"setlist.json", "Setlist Not Found - path: ", "Setlist not found on write"})
 {
     setObjectName(QStringLiteral("Setlist"));
     hide(); // or it would show with its parent
@@ -75,20 +73,14 @@ void Setlist::slotInitComponents(QList<QComboBox*> slotMenus)
 
 void Setlist::slotUpdateJSONPath()
 {
-    file.setPath(resourcesInAppData ? QStringLiteral("%1presets/setlist.json").arg(resourcesFolder)
-                                    : QStringLiteral("resources/presets/setlist.json"),
-                 access);
+    updatePath();
     slotReadSetlist();
 }
 
 void Setlist::slotReadSetlist()
 {
-    const auto document = file.load();
-    if (!document) {
-        qDebug().noquote() << QStringLiteral("Setlist Not Found - path: ") + file.path();
-        return;
-    }
-    setlistMap = *document;
+    if (const auto document = read())
+        setlistMap = *document;
 }
 
 void Setlist::slotRecallSetlist()
@@ -130,14 +122,7 @@ void Setlist::setSlots(const QStringList& texts)
     emit signalGetPresetList();
 }
 
-void Setlist::slotWriteSetlist()
-{
-    if (demoMode || access == JsonFile::Access::LookOnly)
-        return;
-    const QByteArray text = QJsonDocument::fromVariant(setlistMap).toJson(QJsonDocument::Indented);
-    if (file.write(text) != JsonFile::WriteResult::Written)
-        qDebug() << "Setlist not found on write";
-}
+void Setlist::slotWriteSetlist() { write(setlistMap); }
 
 void Setlist::slotPopulateSetlistMenus(ReorderableListWidget* presetList)
 {
@@ -190,11 +175,5 @@ void Setlist::slotAutoPopulateSetlist(ReorderableListWidget* presetList)
 
 void Setlist::slotSetDemoModeEnabled(bool enabled)
 {
-    if (enabled == demoMode)
-        return;
-    demoMode = enabled;
-    if (enabled)
-        setlistMapBeforeDemo = setlistMap;
-    else
-        setlistMap = std::exchange(setlistMapBeforeDemo, {});
+    setDemoMode(enabled, setlistMap, setlistMapBeforeDemo);
 }

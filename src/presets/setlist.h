@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jsonfile.h"
+#include "jsonstore.h"
 #include "reorderablelistwidget.h"
 #include "wires.h"
 
@@ -14,19 +14,15 @@
 // slot holds. The full-power view owns it; it is never shown.
 //
 // A failed read or write leaves a debug line and nothing else. In demo mode nothing is written.
-class Setlist : public QWidget
+class Setlist : public QWidget, public JsonStore
 {
     Q_OBJECT
 
 public:
     explicit Setlist(QWidget* parent = nullptr);
 
-    // Written by the owner before the path is computed: whether the file is in resourcesFolder,
-    // which ends in a slash, and not in the working directory.
-    QString resourcesFolder;
-    bool resourcesInAppData = false;
-    // Likewise: whether the folder is this editor's; in another's, nothing is touched.
-    JsonFile::Access access = JsonFile::Access::Full;
+    // The base's flag, under the name that it has here.
+    bool& resourcesInAppData = useResourcesFolder;
 
     // A preset's name, "[OFF]" or "[DEFAULT]"; empty for a slot that has none. The preset need not
     // exist.
@@ -67,9 +63,7 @@ private:
     void setSlots(const QStringList& texts);
 
     QList<QComboBox*> menus;
-    JsonFile file;
     QVariantMap setlistMap;
     bool populating = false;
-    bool demoMode = false;
     QVariantMap setlistMapBeforeDemo;
 };
