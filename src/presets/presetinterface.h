@@ -1,40 +1,33 @@
 #pragma once
 
-#include "jsonfile.h"
+#include "jsonstore.h"
 #include "librarytext.h"
+#include "presetlibrary.h"
+#include "presetsender.h"
 #include "reorderablelistwidget.h"
+#include "savedelay.h"
 
-#include <QHash>
-#include <QList>
 #include <QObject>
 #include <QTimer>
 #include <QVariantMap>
 
-// Owns the preset library: one file, of which two states are kept, the saved one and the one with
-// the edits that are not saved yet; and all that changes, recalls or sends a preset. ViewManager
-// owns it.
+#include <functional>
+
+// Owns the preset library: its file, its presets with their edits, and what recalls or sends them.
+// ViewManager owns it.
 //
 // A preset number is an index into the library; -1 means the current preset. A number that the
 // library doesn't have stands for an empty preset, and what would change it does nothing but a
 // debug line. Preset 0, "[CONNECTION SYNC]", follows the mixer's live memory. In demo mode nothing
 // is written.
-class PresetInterface : public QObject
+class PresetInterface : public QObject, public JsonStore
 {
     Q_OBJECT
 
 public:
     explicit PresetInterface(QObject* parent = nullptr);
 
-    // The format's limit: a key has three digits. Entries beyond stay in the file, and nothing is
-    // added.
-    static constexpr int maxPresets = 1000;
-
-    // Written by ViewManager before the path is computed: whether the file is in resourcesFolder,
-    // which ends in a slash, and not in the working directory.
-    QString resourcesFolder;
-    bool useResourcesFolder = false;
-    // Likewise: whether the folder is this editor's; in another's, nothing is touched.
-    JsonFile::Access access = JsonFile::Access::Full;
+    static constexpr int maxPresets = PresetLibrary::maxPresets;
 
     // The full-power view starts the timer with 1 ms at a report on preset 0 if it isn't active,
     // and sets the count of its ticks to 0.
@@ -42,15 +35,12 @@ public:
     int liveMemoryTicks = 0;
 
     int currentPresetNumber() const { return currentPreset; } // -1: none
-    // How many presets there are, numbered from 0 without a gap. What else stands in the file,
-    // stray keys and entries beyond the limit, is none.
-    int presetCount() const;
+    int presetCount() const { return library.count(); }
     // With its edits.
-    QVariantMap workingPreset(int presetNum) const;
+    QVariantMap workingPreset(int presetNum) const { return library.workingPreset(presetNum); }
     // To be asked before a new preset is made: slotSavePresetAs then refuses, and nothing gets
     // ready to receive.
-    bool isFull() const { return presetCount() >= maxPresets; }
-    bool isDemoMode() const { return demoMode; }
+    bool isFull() const { return library.isFull(); }
     // While a recall lets events pass.
     bool isRecalling() const { return recalling; }
 
@@ -82,13 +72,11 @@ public:
 
 public slots:
     void slotUpdateJSONPath();
-    // Also puts right what a crash left of the file, and makes its daily copy. Presets are numbered
-    // without a gap, behind the one that follows the mixer: without it, the first of them would be
-    // written over. A file without any preset stays so.
+    // Also puts right what a crash left of the file, and makes its daily copy.
     void slotReadJSON();
     // Writes the map, a whole library.
     void slotWriteJSON(QVariantMap jsonMap);
-    // A stray key that holds the word "Preset" is counted too; entries beyond the limit are not.
+    // Counts stray keys that hold the word "Preset" too: presetCount() doesn't.
     int slotGetNumPresetsInJson() const;
     // Empty for a number that has no key.
     QString slotGetPresetStringFromInt(int presetNum) const;
@@ -147,46 +135,42 @@ signals:
     void signalAddTextToFwLogFile(QString text);
 
 private:
-    QString pathOf(const QString& fileName) const;
-    void putSyncPresetFirst(QVariantList& presets) const;
+    // Whether the sync is still the one that it was when this was made. What lets events pass may
+    // end it; the mixer for which the rest was meant is gone then.
+    class SyncGuard
+    {
+    public:
+        explicit SyncGuard(const PresetInterface* presetInterface)
+            : store(presetInterface)
+            , number(store->syncNumber)
+        {
+        }
+        bool holds() const { return number == store->syncNumber; }
+
+    private:
+        const PresetInterface* const store;
+        const int number;
+    };
+
     void saveLiveMemory();
     int resolved(int presetNum) const { return presetNum == -1 ? currentPreset : presetNum; }
-    bool contains(int presetNum) const;
-    QVariantMap savedPreset(int presetNum) const;
-    // The preset's own map, to be changed in place; null when the library doesn't have it.
-    QVariantMap* presetIn(QVariantMap& library, int presetNum);
-    void copyToSaved(int presetNum);
-    // To the working and the saved state, with nothing written.
-    void append(const QVariantMap& preset);
     bool layOverCurrent(const QVariantMap& values);
-    void leaveDemoMode();
 
-    // Shows the whole current preset and sends these of its parameters; without any, all.
-    void showAndSend(const QStringList& keys);
-    bool show(int sync);
-    void sendParameters(const QVariantMap& preset);
-    void sendParameter(const QString& jsonName, const QVariant& value);
-    void waitForMixer();
+    // Shows the current preset, then gives it to send, which sends what is wanted of it.
+    void showAndSend(const std::function<void(const QVariantMap& preset)>& send);
+    bool show(const SyncGuard& sync);
 
-    // The library as it stands on disk, and with the edits that are not saved yet.
-    QVariantMap savedMap;
-    QVariantMap workingMap;
-    // Both in numeric order; made anew before each change of the order.
-    QList<QVariantMap> savedList;
-    QList<QVariantMap> workingList;
+    PresetLibrary library;
+    PresetLibrary libraryBeforeDemo;
+    LibraryText libraryText;
     QVariantMap defaultMap;
-    JsonFile file;
+    SaveDelay saveDelay;
+    PresetSender sender;
     int currentPreset = -1;
-    bool demoMode = false;
     bool syncComplete = false;
     bool recalling = false;
-    // Counts the ends of the sync: a recall whose mixer is gone stops.
+    // Counts the ends of the sync.
     int syncNumber = 0;
     // Counts the recalls: one during which a newer one ran sends nothing.
     int recallNumber = 0;
-    QVariantMap savedMapBeforeDemo;
-    QVariantMap workingMapBeforeDemo;
-    LibraryText libraryText;
-    // Keys by saved name; empty when it is to be made anew.
-    QHash<QString, QString> keysByName;
 };

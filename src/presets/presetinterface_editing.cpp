@@ -1,23 +1,22 @@
 #include "presetinterface.h"
 
+#include "diskfile.h"
+#include "presetdefaults.h"
 #include "presetnames.h"
 
 #include <QDebug>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <algorithm>
-#include <numeric>
-#include <utility>
 
 namespace
 {
 
-// The live memory is saved at the tick after these.
-constexpr int liveMemoryQuietTicks = 500;
-
-void refuse(const char* what, int presetNum)
+void refuse(const char* task, int presetNum)
 {
     qDebug().noquote() << QStringLiteral("%1: the library has no preset %2")
-                              .arg(QLatin1String(what))
+                              .arg(QLatin1String(task))
                               .arg(presetNum);
 }
 
@@ -28,100 +27,67 @@ void PresetInterface::slotStoreValue(QString name, QVariant value, int presetNum
     if (name.endsWith(QStringLiteral("_phantom")))
         return;
     const int storeIn = resolved(presetNum);
-    if (QVariantMap* const preset = presetIn(workingMap, storeIn))
-        preset->insert(name, value);
-    else
+    if (!library.store(storeIn, name, value))
         refuse("store", storeIn);
 }
 
 void PresetInterface::slotCheckSaveState(int presetNum)
 {
     const int checked = resolved(presetNum);
-    const QVariantMap saved = savedPreset(checked);
-    const QVariantMap working = workingPreset(checked);
-    // A preset that was never edited still shares its data with the saved one.
-    const bool dirty = !working.isSharedWith(saved)
-        && std::any_of(working.keyValueBegin(), working.keyValueEnd(),
-                       [&](const auto& value) { return saved.value(value.first) != value.second; });
-    emit signalPresetDirty(checked, dirty);
+    emit signalPresetDirty(checked, library.isDirty(checked));
 }
 
 void PresetInterface::goOnLiveFrom(int presetNum)
 {
-    QVariantMap* const live = presetIn(workingMap, 0);
-    if (live == nullptr || presetNum == 0 || !contains(presetNum))
-        return;
-    const QVariant name = live->value(presetNameKey());
-    *live = workingPreset(presetNum);
-    live->insert(presetNameKey(), name);
-    slotCheckSaveState(0);
-}
-
-void PresetInterface::copyToSaved(int presetNum)
-{
-    if (QVariantMap* const preset = presetIn(savedMap, presetNum))
-        *preset = workingPreset(presetNum);
-    keysByName.clear();
-}
-
-void PresetInterface::append(const QVariantMap& preset)
-{
-    slotPopulatePresetLists();
-    workingList.append(preset);
-    savedList.append(preset);
-    slotOrderPresetsInJson();
+    if (presetNum != 0 && library.copyValues(presetNum, 0))
+        slotCheckSaveState(0);
 }
 
 void PresetInterface::slotSetCurrentPreset(int presetNum)
 {
-    if (contains(presetNum))
-        currentPreset = presetNum;
-    else
-        refuse("make current", presetNum);
+    if (!library.contains(presetNum))
+        return refuse("make current", presetNum);
+    currentPreset = presetNum;
 }
 
 void PresetInterface::slotSavePreset(int presetToSave)
 {
     const int saved = resolved(presetToSave);
-    if (!contains(saved)) {
-        refuse("save", saved);
-        return;
-    }
-    copyToSaved(saved);
+    if (!library.save(saved))
+        return refuse("save", saved);
     if (saved != 0)
         slotCheckSaveState(-1);
-    slotWriteJSON(savedMap);
+    slotWriteJSON(library.saved());
     slotPopulatePresetLists(); // nothing reads them before they are made anew
 }
 
 void PresetInterface::slotSavePresetAs(QString presetName, bool isForReceivingPreset,
                                        bool isForReceivingAll)
 {
-    if (!contains(currentPreset)) {
-        refuse("save as", currentPreset);
-        return;
-    }
+    if (!library.contains(currentPreset))
+        return refuse("save as", currentPreset);
     if (isFull()) {
         qDebug() << "save as: the library is full";
         return;
     }
-    QVariantMap preset = workingPreset(currentPreset);
+    QVariantMap preset = library.workingPreset(currentPreset);
     preset.insert(presetNameKey(), presetName);
-    append(preset);
-    const int sync = syncNumber;
+    library.append(preset);
+    const SyncGuard sync(this);
     // The edits live in the new preset now.
     if (!isForReceivingPreset)
         slotRevertPreset();
-    slotWriteJSON(savedMap);
-    // Each recall lets events pass. If they ended the sync, the list is made anew with the next.
-    if (sync != syncNumber)
+    slotWriteJSON(library.saved());
+    // Each recall lets events pass. If they ended the sync, the view's list of presets is not made
+    // anew here but when the next sync begins.
+    if (!sync.holds())
         return;
     emit signalAddOrRemovePreset();
     const int last = presetCount() - 1;
     if (!isForReceivingAll)
         emit signalDisconnectFromSysexSending();
     emit signalPresetMenu(last);
-    if (sync != syncNumber)
+    if (!sync.holds())
         return;
     if (!isForReceivingAll)
         emit signalConnectToSysexSending();
@@ -131,14 +97,9 @@ void PresetInterface::slotSavePresetAs(QString presetName, bool isForReceivingPr
 
 void PresetInterface::slotRenamePreset(QString presetName)
 {
-    if (!contains(currentPreset)) {
-        refuse("rename", currentPreset);
-        return;
-    }
-    presetIn(workingMap, currentPreset)->insert(presetNameKey(), presetName);
-    presetIn(savedMap, currentPreset)->insert(presetNameKey(), presetName);
-    keysByName.clear();
-    slotWriteJSON(savedMap);
+    if (!library.rename(currentPreset, presetName))
+        return refuse("rename", currentPreset);
+    slotWriteJSON(library.saved());
     emit signalAddOrRemovePreset();
     emit signalPresetMenu(currentPreset);
 }
@@ -149,36 +110,11 @@ void PresetInterface::slotReorderPresets(ReorderableListWidget* presetList)
         qDebug() << "reorder: the library is empty";
         return;
     }
-    slotPopulatePresetLists();
-    QList<int> left(savedList.size());
-    std::iota(left.begin(), left.end(), 0);
-    QList<int> order;
-    // Of presets that share a name each row takes the next one, so that none is lost.
-    const auto takeFirst = [&](const QString& name) {
-        const auto first = std::find_if(left.cbegin(), left.cend(), [&](int presetNum) {
-            return nameOfPreset(savedList.at(presetNum)) == name;
-        });
-        if (first == left.cend())
-            return;
-        order.append(*first);
-        left.erase(first);
-    };
-    takeFirst(syncPresetName());
-    for (int row = 0; row < presetList->count(); ++row) {
-        const QString name = presetList->item(row)->text();
-        if (name != syncPresetName())
-            takeFirst(name);
-    }
-    order.append(left);
-
-    const auto workingBefore = std::exchange(workingList, {});
-    const auto savedBefore = std::exchange(savedList, {});
-    for (const int presetNum : std::as_const(order)) {
-        workingList.append(workingBefore.at(presetNum));
-        savedList.append(savedBefore.at(presetNum));
-    }
-    slotOrderPresetsInJson();
-    slotWriteJSON(savedMap);
+    QStringList order;
+    for (int row = 0; row < presetList->count(); ++row)
+        order.append(presetList->item(row)->text());
+    library.reorder(order);
+    slotWriteJSON(library.saved());
     emit signalAddOrRemovePreset();
 }
 
@@ -186,23 +122,16 @@ void PresetInterface::slotRevertPreset()
 {
     if (currentPreset == -1)
         return;
-    if (QVariantMap* const preset = presetIn(workingMap, currentPreset))
-        *preset = savedPreset(currentPreset);
+    library.revert(currentPreset);
     slotRecallPreset(currentPreset);
 }
 
 void PresetInterface::slotDeletePreset()
 {
-    if (!contains(currentPreset)) {
-        refuse("delete", currentPreset);
-        return;
-    }
-    slotPopulatePresetLists();
-    savedList.removeAt(currentPreset);
-    workingList.removeAt(currentPreset);
-    currentPreset = std::min(currentPreset, static_cast<int>(savedList.size()) - 1);
-    slotOrderPresetsInJson();
-    slotWriteJSON(savedMap);
+    if (!library.remove(currentPreset))
+        return refuse("delete", currentPreset);
+    currentPreset = std::min(currentPreset, presetCount() - 1);
+    slotWriteJSON(library.saved());
     emit signalAddOrRemovePreset();
     const int count = presetCount();
     for (int presetNum = 0; presetNum < count; ++presetNum)
@@ -213,60 +142,74 @@ void PresetInterface::slotDeletePreset()
 
 void PresetInterface::slotSaveLiveMemoryTimeout()
 {
-    ++liveMemoryTicks;
-    if (liveMemoryTicks <= liveMemoryQuietTicks)
-        return;
-    saveLiveMemory();
+    if (saveDelay.tick())
+        saveLiveMemory();
 }
 
 void PresetInterface::saveLiveMemory()
 {
-    if (contains(0)) {
-        copyToSaved(0);
-        slotWriteJSON(savedMap);
-    } else {
+    if (library.save(0))
+        slotWriteJSON(library.saved());
+    else
         refuse("save live memory", 0);
-    }
     emit signalStopLiveMemoryTimer();
 }
 
-void PresetInterface::slotSetSyncStatus(bool complete)
+bool PresetInterface::isReadyToPaste() const
 {
-    syncComplete = complete;
-    if (!complete)
-        ++syncNumber;
+    return library.contains(currentPreset) && (isDemoMode() || syncComplete) && !recalling;
 }
 
-void PresetInterface::slotSetDemoModeEnabled(bool enabled)
+bool PresetInterface::layOverCurrent(const QVariantMap& values)
 {
-    const bool leaving = demoMode && !enabled;
-    if (enabled && !demoMode) {
-        if (liveMemoryTimer->isActive())
-            saveLiveMemory();
-        savedMapBeforeDemo = savedMap;
-        workingMapBeforeDemo = workingMap;
+    if (values.isEmpty() || !isReadyToPaste()) {
+        qDebug() << "paste: nothing to paste, or the preset can't take it now";
+        return false;
     }
-    demoMode = enabled;
-    if (enabled) {
-        disconnect(liveMemoryTimer, SIGNAL(timeout()), this, SLOT(slotSaveLiveMemoryTimeout()));
-        // Whoever starts it need not know that nothing is saved.
-        connect(liveMemoryTimer, SIGNAL(timeout()), liveMemoryTimer, SLOT(stop()),
-                Qt::UniqueConnection);
+    library.layOver(currentPreset, values);
+    return true;
+}
+
+void PresetInterface::pastePreset(const QVariantMap& values)
+{
+    if (layOverCurrent(values))
+        slotRecallPreset(currentPreset);
+}
+
+void PresetInterface::pasteParameters(const QVariantMap& values)
+{
+    if (!layOverCurrent(values))
         return;
-    }
-    disconnect(liveMemoryTimer, SIGNAL(timeout()), liveMemoryTimer, SLOT(stop()));
-    // Not unique on purpose: without demo mode before it, the ticks count twice from here on.
-    connect(liveMemoryTimer, SIGNAL(timeout()), this, SLOT(slotSaveLiveMemoryTimeout()));
-    if (leaving)
-        leaveDemoMode();
+    showAndSend([&](const QVariantMap& preset) { sender.sendThese(preset, values.keys()); });
+    emit signalPresetDoneRecalling();
 }
 
-void PresetInterface::leaveDemoMode()
+QVariantMap PresetInterface::blankPreset() const
 {
-    liveMemoryTimer->stop();
-    liveMemoryTicks = 0;
-    // A rename or a new order reached the saved state too, though not its file.
-    savedMap = std::exchange(savedMapBeforeDemo, {});
-    workingMap = std::exchange(workingMapBeforeDemo, {});
-    keysByName.clear();
+    const auto bytes = diskfile::readFile(pathOf(QStringLiteral("Blank.jsumpreset")));
+    const QJsonObject blank = QJsonDocument::fromJson(bytes.value_or(QByteArray())).object();
+    QVariantMap preset = presetdefaults::preset();
+    preset.remove(presetNameKey());
+    int gaps = 0;
+    for (auto parameter = preset.begin(); parameter != preset.end(); ++parameter) {
+        const QJsonValue value = blank.value(parameter.key());
+        if (value.isDouble() || value.isBool())
+            *parameter = value.toVariant();
+        else
+            ++gaps;
+    }
+    if (gaps > 0)
+        qDebug() << "insert missing params from default preset into the blank one:" << gaps;
+    return preset;
+}
+
+int PresetInterface::appendPreset(const QVariantMap& preset)
+{
+    if (isFull() || presetCount() == 0) {
+        qDebug() << "append: the library is full, or empty";
+        return -1;
+    }
+    library.append(preset);
+    slotWriteJSON(library.saved());
+    return presetCount() - 1;
 }

@@ -1,4 +1,4 @@
-#include "presetinterface.h"
+#include "presetlibrary.h"
 
 #include "presetnames.h"
 
@@ -26,29 +26,45 @@ QString copyName(const QString& name, int number)
 
 } // namespace
 
-QString PresetInterface::slotAppendSuffixToNewPresetName(QString name)
+QStringList PresetLibrary::names() const
+{
+    QStringList all;
+    const int presets = count();
+    for (int presetNum = 0; presetNum < presets; ++presetNum)
+        all.append(nameOfPreset(workingPreset(presetNum)));
+    return all;
+}
+
+QString PresetLibrary::keyOfName(const QString& name)
+{
+    if (keysByName.isEmpty()) {
+        for (int presetNum = count() - 1; presetNum >= 0; --presetNum)
+            keysByName.insert(nameOfPreset(savedPreset(presetNum)), keyOf(presetNum));
+    }
+    return keysByName.value(name);
+}
+
+QString PresetLibrary::freeName(QString name) const
 {
     name = unreserved(name);
-    const int count = presetCount();
-    if (count == 0)
+    const int presets = count();
+    if (presets == 0)
         return name;
 
-    // Once more: "[OFF] copy1" is a reserved name again without its number.
+    // Again, since "[OFF] copy1" becomes a reserved name without its number.
     name = unreserved(withoutCopyNumber(name));
     QStringList namesInUse;
     int alike = 0;
-    for (int presetNum = 0; presetNum < count; ++presetNum) {
+    for (int presetNum = 0; presetNum < presets; ++presetNum) {
         const QString used = nameOfPreset(savedPreset(presetNum));
         namesInUse.append(used);
         if (withoutCopyNumber(used) == name)
             ++alike;
     }
 
+    int number = alike;
     QString result = alike == 0 ? name : copyName(name, alike);
-    if (namesInUse.contains(result)) {
-        int number = alike;
-        while (namesInUse.contains(result))
-            result = copyName(name, ++number);
-    }
+    while (namesInUse.contains(result))
+        result = copyName(name, ++number);
     return result;
 }
