@@ -34,7 +34,7 @@ bool isRegular(int descriptor)
 bool flushDescriptor(int descriptor)
 {
 #ifdef F_FULLFSYNC
-    // There, fsync() leaves the data in the drive's own cache.
+    // Where this exists, fsync() leaves the data in the drive's own cache.
     if (::fcntl(descriptor, F_FULLFSYNC) == 0)
         return true;
 #endif
@@ -42,7 +42,7 @@ bool flushDescriptor(int descriptor)
     do {
         result = ::fsync(descriptor);
     } while (result != 0 && errno == EINTR);
-    // The last three: a file system that has nothing to flush.
+    // These three errors come from a file system that has nothing to flush.
     return result == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
 }
 
@@ -50,7 +50,7 @@ bool flushFile(QFile& file) { return flushDescriptor(file.handle()); }
 
 std::error_code openNew(QFile& file, const QString& path, const QFile* like)
 {
-    // Until its owner is set, a copy is for nobody else.
+    // The original may be private: nobody else opens the copy before its permissions are set below.
     const mode_t mode = like ? 0600 : 0666;
     const int descriptor =
         ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
@@ -59,7 +59,7 @@ std::error_code openNew(QFile& file, const QString& path, const QFile* like)
     if (like) {
         struct stat status;
         if (::fstat(like->handle(), &status) == 0) {
-            // Only some may give files away; the permissions count for everybody.
+            // May be refused: a plain user can't give a file away.
             const bool sameOwner = ::fchown(descriptor, status.st_uid, status.st_gid) == 0;
             const mode_t permissions = status.st_mode & 0777;
             // A group that is not the original's gets no more than everybody.

@@ -138,7 +138,7 @@ void putKeptCopyBack(diskfile::RegularFile& file, const QByteArray& kept, bool i
     const std::error_code error =
         isBadThere ? setAsideFor(keptName(name), name) : diskfile::rename(keptName(name), name);
     const bool isBack = !error
-        // Where no name can change, at least the content can; the copy stays as it is.
+        // In a folder that takes no new names the content is copied; the kept copy stays then.
         || (isBadThere && diskfile::isFolderRefusing(error)
             && file.open(QIODevice::ReadWrite) == diskfile::Opened::Yes && file.overwrite(kept));
     if (!isBack)

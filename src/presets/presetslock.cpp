@@ -7,7 +7,8 @@
 namespace
 {
 
-// Longer than it takes to make the sign, from the name in the folder to the hold on the file.
+// Longer than an editor takes from making its sign's file to holding it: until then the sign of one
+// that is just starting looks like one that was left behind.
 constexpr qint64 makingMs = 2000;
 
 bool isOlder(const QString& file, qint64 ms)
@@ -26,8 +27,9 @@ PresetsLock::PresetsLock(const QString& folder)
         return;
     // A folder in which nothing can be made is nobody's, whatever sign was put there before.
     heldByAnother = lock.error() == QLockFile::LockFailedError && QFileInfo(folder).isWritable();
-    // Under another name of this machine, or without any content, a sign tells of no process that
-    // could be looked for. But who runs holds the file itself, and it can't be removed then.
+    // A sign without content, or from when this machine had another name, counts as held, since its
+    // process can't be looked for. But a running editor keeps its file from being removed: where it
+    // can be removed, nobody runs.
     if (heldByAnother && isOlder(lock.fileName(), makingMs) && lock.removeStaleLockFile())
         heldByAnother = !lock.tryLock(0);
     if (heldByAnother)

@@ -111,8 +111,8 @@ QStringList Setlist::shownTexts() const
     return texts;
 }
 
-// However many change, the file is written and the menus are filled once, and the kept copy is the
-// setlist from before all of them. texts: one for each menu.
+// All slots at once: the file is written and the menus are filled once, and the file's kept copy
+// holds the setlist from before. texts: one for each menu.
 void Setlist::setSlots(const QStringList& texts)
 {
     setlistMap.clear();
@@ -150,7 +150,7 @@ void Setlist::slotPopulateSetlistAfterDelete(ReorderableListWidget* presetList)
     const QStringList before = shownTexts();
     QStringList texts = before;
     for (QString& text : texts) {
-        // The factory preset is no row, and goes too: that is how it is wanted.
+        // "[DEFAULT]" is no row either, and is switched off too: on purpose.
         if (!rows.contains(text))
             text = emptySlotName();
     }
