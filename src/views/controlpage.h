@@ -76,7 +76,7 @@ protected:
 
     // What is out of range is bounded; a button is on for anything but 0.
     void setControl(const Control& control, int value);
-    void showState(const Control& control);
+    virtual void showState(const Control& control);
 
     // A press on this widget takes the focus from all of the page's widgets.
     void clearFocusOnPress(QWidget* area);

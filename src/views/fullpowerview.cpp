@@ -3,14 +3,13 @@
 #include "channelstrip.h"
 #include "channelstriptab.h"
 #include "copypastehandler.h"
+#include "faderframe.h"
 #include "globalpresetinterface.h"
 #include "mainsstrip.h"
 #include "pagestyle.h"
 #include "phonesstrip.h"
-#include "portableslider.h"
 #include "presetinterface.h"
 #include "reverbtabform.h"
-#include "selectalldoublespinbox.h"
 #include "setlist.h"
 #include "sysexmanager.h"
 #include "tablefilereader.h"
@@ -85,23 +84,12 @@ FullPowerView::~FullPowerView() = default;
 
 void FullPowerView::setupFaderFrame()
 {
-    const QList<QWidget*> widgets = form.faderGroupBox->findChildren<QWidget*>();
-    for (QWidget* widget : widgets) {
-        if (auto* button = qobject_cast<QToolButton*>(widget); button != nullptr) {
-            faderControls.append({button, false});
-            showButtonState(button);
-            connect(button, SIGNAL(toggled(bool)), this, SLOT(slotShowButtonState()));
-            if (button->objectName().contains(QLatin1String("_solo")))
-                connect(button, SIGNAL(released()), this, SLOT(slotSoloReleased()));
-        } else if (auto* fader = qobject_cast<PortableSlider*>(widget); fader != nullptr) {
-            faderControls.append({fader, true});
-            faderWire(fader).connect();
-            boxWire(levelBoxOf(fader)).connect();
-            levelBoxOf(fader)->setValue(levelBoxOf(fader)->minimum());
-        } else if (auto* select = qobject_cast<QPushButton*>(widget); select != nullptr) {
-            selectButtons.append(select);
-        }
-    }
+    faders = new FaderFrame(form.faderGroupBox, channelStripTab->selection());
+    for (const char* own :
+         {SIGNAL(signalStoreValue(QString, QVariant, int)), SIGNAL(signalCheckSavedState(int)),
+          SIGNAL(signalSendPresetParameter(QString, int))})
+        connect(faders, own, this, own);
+    selectButtons = faders->findChildren<QPushButton*>();
     const QString first = channels::selectName(1);
     selectButton(first)->setChecked(true);
     setSelectedChannels({first});
@@ -109,7 +97,7 @@ void FullPowerView::setupFaderFrame()
 
 QList<ParameterPage*> FullPowerView::parameterPages() const
 {
-    QList<ParameterPage*> pages;
+    QList<ParameterPage*> pages{faders};
     for (ChannelStrip* strip : channelStripTab->channelStrips())
         pages.append(strip);
     pages += {channelStripTab->mainsStrip(), channelStripTab->phonesStrip(), reverbTabForm};

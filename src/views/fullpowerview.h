@@ -1,7 +1,6 @@
 #pragma once
 
 #include "channelselection.h"
-#include "definitions.h"
 #include "forms/fullpowerform.h"
 #include "forms/viewdialogs.h"
 #include "innerdialogs.h"
@@ -16,6 +15,7 @@
 
 class ChannelStripTab;
 class CopyPasteHandler;
+class FaderFrame;
 class GlobalPresetInterface;
 class ParameterPage;
 class PresetInterface;
@@ -190,8 +190,6 @@ signals:
 private slots:
     // Ends the typing of a number, which then counts.
     static void slotCommitEditedBox();
-    void slotShowButtonState();
-    void slotSoloReleased();
     void slotOpenSaveAs();
     void slotOpenReceiveAll();
     void slotOpenLiveMemoryHelp();
@@ -222,10 +220,6 @@ private:
         bool isNew = false;
         QString typedName{};
     };
-    struct FaderControl {
-        QWidget* widget = nullptr;
-        bool isFader = false;
-    };
 
     // Construction
     void setupDialogs();
@@ -252,16 +246,6 @@ private:
     void showPhantom(const QString& key, int value);
     void layPresetZero(int entry);
 
-    // Faders
-    Wire storeWire(const FaderControl& control);
-    Wire sendWire(const FaderControl& control);
-    Wire boxWire(SelectAllDoubleSpinbox* box);
-    Wire faderWire(PortableSlider* fader);
-    SelectAllDoubleSpinbox* levelBoxOf(const QObject* fader) const;
-    void showButtonState(QToolButton* button) const;
-    void changeSolo(QToolButton* solo);
-    int valueOf(const FaderControl& control) const;
-    const FaderControl* controlNamed(const QString& name) const;
     void limitName(QLineEdit* edit);
 
     // Selection
@@ -325,7 +309,6 @@ private:
     void restFlows();
 
     QSettings* const settingsStore;
-    const Definitions definitions{};
     SysexManager* const sysexManager;
     PresetInterface* const presetInterface;
     GlobalPresetInterface* const globalPresetInterface;
@@ -335,6 +318,7 @@ private:
     QWidget* viewContainer = nullptr;
     ChannelStripTab* channelStripTab = nullptr;
     ReverbTabForm* reverbTabForm = nullptr;
+    FaderFrame* faders = nullptr;
 
     QWidget* disableWidget = nullptr;
     QWidget* progressWidget = nullptr;
@@ -369,17 +353,14 @@ private:
     QList<double> phonesDisplayTable;
     QList<int> phonesSysexSendTable;
 
-    QList<FaderControl> faderControls;
     QList<QPushButton*> selectButtons;
     QList<Wire> interfaceWires;
     QList<Wire> storeSendingWires;
     QList<Wire> recallWires;
 
-    bool storeWireConnected = false;
     bool presetSendWireConnected = false;
     bool shiftSelectActive = false;
     bool shiftSoloActive = false;
-    QObject* pressedSolo = nullptr;
     bool auxTabsLocked = false;
     bool demoModeEnabled = false;
 

@@ -1,7 +1,7 @@
 // The dialogs in the view, and the presses and keys that it filters.
 
+#include "faderframe.h"
 #include "fullpowerview.h"
-#include "selectalldoublespinbox.h"
 
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -175,11 +175,7 @@ bool FullPowerView::filterPress(QWidget* watched, const QMouseEvent* event)
     const QString name = watched->objectName();
     if (event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ControlModifier)
         && name.contains(QLatin1String("_fader")) && !name.contains(QLatin1String("_level"))) {
-        SelectAllDoubleSpinbox* box = levelBoxOf(watched);
-        if (box != nullptr && box->isEnabled()) {
-            box->setValue(0);
-            emit box->signalSetDial(0);
-        }
+        faders->setToZero(watched);
         return true;
     }
     if (event->button() == Qt::LeftButton) {
@@ -192,8 +188,9 @@ bool FullPowerView::filterPress(QWidget* watched, const QMouseEvent* event)
             shiftSelectActive = shiftSelectActive && !isSelect;
             shiftSoloActive = shiftSoloActive && !isSolo;
         }
+        faders->setSoloAlone(shiftSoloActive);
         if (isSolo)
-            pressedSolo = watched;
+            faders->setPressedSolo(watched);
     }
     if (qobject_cast<QAbstractButton*>(watched) != nullptr)
         slotCommitEditedBox();

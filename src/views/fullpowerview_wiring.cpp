@@ -4,6 +4,7 @@
 #include "channelstrip.h"
 #include "channelstriptab.h"
 #include "copypastehandler.h"
+#include "faderframe.h"
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
 #include "mainsstrip.h"
@@ -62,6 +63,9 @@ void FullPowerView::addPageWires()
     recallWires.append({presetInterface, recall, this, SLOT(slotRecallPresets(QVariantMap))});
     QList<QObject*> owners{this};
     for (ParameterPage* page : parameterPages()) {
+        // The faders speak through the view.
+        if (page == faders)
+            continue;
         owners.append(page);
         recallWires.append({presetInterface, recall, page, SLOT(slotRecallPreset(QVariantMap))});
     }

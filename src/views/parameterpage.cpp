@@ -128,7 +128,8 @@ void ParameterPage::slotRecallPreset(QVariantMap preset)
     slotDisconnectElements();
     const QPointer<ParameterPage> alive(this);
     const int number = ++recallNumber;
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (letsEventsPass())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     // The page may be gone, and a newer recall may have come in between.
     if (!alive || number != recallNumber)
         return;

@@ -53,6 +53,10 @@ protected:
     virtual void recall(const Control& control, const QVariantMap& preset);
     // Whether it has a key of its own, and so the wires.
     virtual bool isParameter(const Control& control) const;
+    // Whether a recall lets events pass before it lays the preset on the controls.
+    virtual bool letsEventsPass() const { return true; }
+
+    Wire storeWire(const Control& control);
 
     void store(const Control& control, int value);
     bool isStoring() const { return storing; }
@@ -71,7 +75,6 @@ protected:
     };
 
 private:
-    Wire storeWire(const Control& control);
     Wire sendWire(const Control& control);
 
     const QString prefix;

@@ -25,7 +25,6 @@ constexpr int fadersHeight = 280;
 constexpr int drawerLeft = 935;
 constexpr int drawerWidth = 257;
 constexpr int drawerHeight = 696;
-constexpr int inputs = 8;
 constexpr int slotCount = 12;
 
 QToolButton* addToolButton(QWidget* parent, const QString& name, const QString& text,
@@ -38,65 +37,6 @@ QToolButton* addToolButton(QWidget* parent, const QString& name, const QString& 
     button->setToolTip(toolTip);
     button->setGeometry(place);
     return button;
-}
-
-// One fader with its buttons, a column of the fader frame.
-struct Channel {
-    QString word; // as "ch1"
-    QString name; // as it is shown
-    QString spoken;
-    bool hasSolo;
-};
-
-QToolButton* addMark(QWidget* parent, const Channel& channel, const char* kind, const char* letter,
-                     const QString& toolTip, const QRect& place)
-{
-    QToolButton* button = addToolButton(
-        parent, QStringLiteral("faderframe_%1_%2").arg(channel.word, QLatin1String(kind)),
-        QLatin1String(letter), QStringLiteral("%1, %2").arg(channel.spoken, QLatin1String(kind)),
-        toolTip, place);
-    button->setCheckable(true);
-    button->setProperty("role", kind);
-    return button;
-}
-
-void layChannel(QFrame* parent, const Channel& channel, const QRect& column)
-{
-    constexpr int buttonWidth = 56;
-    constexpr int buttonHeight = 20;
-    constexpr int buttonGap = 4;
-    const int left = column.center().x() - buttonWidth / 2;
-    int y = column.y() + margin;
-
-    auto* select = new QPushButton(QStringLiteral("SELECT"), parent);
-    select->setObjectName(QStringLiteral("faderframe_%1_select").arg(channel.word));
-    select->setCheckable(true);
-    select->setProperty("role", "select");
-    select->setAccessibleName(QStringLiteral("%1, select").arg(channel.spoken));
-    select->setToolTip(channel.hasSolo
-                           ? QStringLiteral("Show this channel. With Shift, select it together "
-                                            "with others.")
-                           : QStringLiteral("Show this output."));
-    select->setGeometry(left, y, buttonWidth, buttonHeight);
-    y += buttonHeight + buttonGap;
-
-    const int half = (buttonWidth - buttonGap) / 2;
-    if (channel.hasSolo)
-        addMark(parent, channel, "solo", "S",
-                QStringLiteral("Hear this channel alone. With Shift, end every other solo."),
-                {left, y, half, buttonHeight});
-    addMark(parent, channel, "mute", "M", QStringLiteral("Silence this channel."),
-            {channel.hasSolo ? left + half + buttonGap : left, y,
-             channel.hasSolo ? half : buttonWidth, buttonHeight});
-    y += buttonHeight + margin;
-
-    FormBuilder builder(parent, channel.spoken);
-    builder.fader(
-        parent,
-        stripparts::faderRow(QStringLiteral("faderframe_%1_fader").arg(channel.word), channel.name,
-                             QStringLiteral("fader"),
-                             QStringLiteral("The level. With Ctrl, a click sets it to 0 dB.")),
-        {column.x(), y, column.width(), column.bottom() - margin / 2 - y});
 }
 
 } // namespace
@@ -172,33 +112,6 @@ void FullPowerForm::layFaders(QWidget* form)
     faderGroupBox->setObjectName(QStringLiteral("faderGroupBox"));
     faderGroupBox->setProperty("role", "group");
     faderGroupBox->setGeometry(side, fadersTop, leftWidth, fadersHeight);
-
-    constexpr int inputWidth = 64;
-    int left = 4;
-    for (int number = 1; number <= inputs; ++number) {
-        layChannel(faderGroupBox,
-                   {QStringLiteral("ch%1").arg(number), QStringLiteral("CH %1").arg(number),
-                    QStringLiteral("Channel %1").arg(number), true},
-                   {left, 0, inputWidth, fadersHeight});
-        left += inputWidth;
-    }
-
-    constexpr int outputWidth = 72;
-    left += margin;
-    outputFaderGroupBox = new QFrame(faderGroupBox);
-    outputFaderGroupBox->setObjectName(QStringLiteral("outputFaderGroupBox"));
-    outputFaderGroupBox->setProperty("role", "outputs");
-    outputFaderGroupBox->setGeometry(left, 0, leftWidth - left, fadersHeight);
-    const Channel outputs[]{
-        {"mains", "MAINS", "Mains", false},    {"aux1", "AUX 1", "Aux 1", false},
-        {"aux2", "AUX 2", "Aux 2", false},     {"aux3", "AUX 3", "Aux 3", false},
-        {"phones", "PHONES", "Phones", false},
-    };
-    left = 4;
-    for (const Channel& output : outputs) {
-        layChannel(outputFaderGroupBox, output, {left, 0, outputWidth, fadersHeight});
-        left += outputWidth;
-    }
 }
 
 void FullPowerForm::layPresets(QWidget* form)

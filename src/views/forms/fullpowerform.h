@@ -32,7 +32,6 @@ struct FullPowerForm {
     QToolButton* showPreset = nullptr;
 
     QFrame* faderGroupBox = nullptr;
-    QFrame* outputFaderGroupBox = nullptr;
 
     QFrame* presetFrame = nullptr;
     // Takes the focus while the list is locked.

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "channelselection.h"
+#include "parameterpage.h"
+
+// The faders of all channels, with mute and solo and the numbers beside them: a page whose object
+// names are whole keys. Its recall lets no events pass. The full-power view owns it, tells it of
+// Shift, and keeps the select buttons that stand on it.
+class FaderFrame : public ParameterPage
+{
+    Q_OBJECT
+
+public:
+    // Fills its parent. selection must outlive it.
+    FaderFrame(QWidget* parent, const ChannelSelection& selection);
+
+    // Whether the solo that is pressed now ends every other one.
+    void setSoloAlone(bool alone) { soloAlone = alone; }
+    void setPressedSolo(const QObject* solo) { pressedSolo = solo; }
+    // To 0 dB, if its number can be typed too.
+    void setToZero(const QObject* fader);
+
+public slots:
+    // key: one that no control has leaves a debug line.
+    void slotReceiveFaderParams(QString key, int value) { receive(key, value); }
+
+protected:
+    bool letsEventsPass() const override { return false; }
+    void changedByUser(const Control& control) override;
+    void showState(const Control& control) override;
+
+private slots:
+    void slotSoloReleased() { pressedSolo = nullptr; }
+
+private:
+    void endOtherSolos(const QToolButton* solo);
+
+    const ChannelSelection& selection;
+    bool soloAlone = false;
+    const QObject* pressedSolo = nullptr;
+};
