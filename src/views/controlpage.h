@@ -1,7 +1,6 @@
 #pragma once
 
 #include "controlrow.h"
-#include "definitions.h"
 #include "wires.h"
 
 #include <QHash>
@@ -87,7 +86,6 @@ protected:
 
     QString spokenName() const { return spoken; }
 
-    const Definitions definitions{};
     QList<double> trimTable;
 
 private:

@@ -3,7 +3,7 @@
 #include "controlpage.h"
 #include "cuttoint.h"
 #include "freqspinbox.h"
-#include "nowrapdial.h"
+#include "scaling.h"
 #include "selectalldoublespinbox.h"
 #include "selectallspinbox.h"
 #include "tablelookup.h"
@@ -35,14 +35,13 @@ std::optional<double> ControlPage::boxNumber(const Control& control) const
     case Encoding::tensOfHertz:
         return value * 10.0;
     case Encoding::linearLevel:
-        return definitions.slotDialtoSpinboxVolumeMath(value);
+        return scaling::levelToDb(value);
     case Encoding::hundredths:
-        return definitions.slotValuetoSpinboxMath(value);
+        return scaling::fromHundredths(value);
     case Encoding::faderPosition:
         // The one way takes the box's range, the other the fader's.
         if (const auto* box = qobject_cast<QDoubleSpinBox*>(control.box); box != nullptr)
-            return definitions.slotFadertoSpinboxVolumeMath(value, cutToInt(box->minimum()),
-                                                            cutToInt(box->maximum()));
+            return scaling::faderToDb(value, cutToInt(box->minimum()), cutToInt(box->maximum()));
         return std::nullopt;
     case Encoding::trimTable:
         break;
@@ -95,12 +94,11 @@ int ControlPage::fromBoxNumber(const Control& control, double number)
     case Encoding::tensOfHertz:
         return cutToInt(number / 10.0);
     case Encoding::linearLevel:
-        return definitions.slotSpinboxtoDialVolumeMath(number);
+        return scaling::dbToLevel(number);
     case Encoding::hundredths:
-        return definitions.slotSpinboxtoValueMath(number);
+        return scaling::toHundredths(number);
     case Encoding::faderPosition:
-        return definitions.slotSpinboxtoFaderVolumeMath(number, control.slider->minimum(),
-                                                        control.slider->maximum());
+        return scaling::dbToFader(number, control.slider->minimum(), control.slider->maximum());
     case Encoding::trimTable:
         break;
     }

@@ -1,6 +1,6 @@
 #include "faderscale.h"
 
-#include "definitions.h"
+#include "scaling.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -29,7 +29,6 @@ void FaderScale::paintEvent(QPaintEvent* /*event*/)
 {
     if (slider.isNull())
         return;
-    const Definitions definitions;
     QStyleOptionSlider option;
     option.initFrom(slider);
     option.orientation = Qt::Vertical;
@@ -44,8 +43,7 @@ void FaderScale::paintEvent(QPaintEvent* /*event*/)
     small.setPixelSize(9);
     painter.setFont(small);
     for (const int decibels : marks) {
-        option.sliderPosition = definitions.slotSpinboxtoFaderVolumeMath(
-            decibels, slider->minimum(), slider->maximum());
+        option.sliderPosition = scaling::dbToFader(decibels, slider->minimum(), slider->maximum());
         option.sliderValue = option.sliderPosition;
         const QRect handle = slider->style()->subControlRect(QStyle::CC_Slider, &option,
                                                              QStyle::SC_SliderHandle, slider);

@@ -1,6 +1,7 @@
 #include "nowrapdial.h"
 
 #include "cuttoint.h"
+#include "scaling.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -142,7 +143,7 @@ void NoWrapDial::turn(int pixelsUp)
 
 int NoWrapDial::slotScalePaintValue(double val) const
 {
-    return cutToInt(definitions.slotScaleDoubleValue(val, 0.0, 1.0, minimum(), maximum()) + 0.5);
+    return cutToInt(scaling::scaled(val, 0.0, 1.0, minimum(), maximum()) + 0.5);
 }
 
 void NoWrapDial::slotScaleValueOutputAndRepaint(int value)
@@ -163,9 +164,8 @@ void NoWrapDial::sliderChange(SliderChange change)
 void NoWrapDial::followValue(int value)
 {
     // An empty range comes about on the way, when setMinimum is called before setMaximum.
-    const double place = minimum() == maximum()
-        ? 0.0
-        : definitions.slotScaleDoubleValue(value, minimum(), maximum(), 0, 1);
+    const double place =
+        minimum() == maximum() ? 0.0 : scaling::scaled(value, minimum(), maximum(), 0, 1);
     position = std::clamp(static_cast<float>(place), 0.0F, 1.0F);
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "definitions.h"
-
 #include <QColor>
 #include <QDial>
 
@@ -45,7 +43,6 @@ private:
     void followValue(int value);
     void turn(int pixelsUp);
 
-    const Definitions definitions{};
     QColor fill = Qt::yellow;
     QColor second{95, 95, 95};
     int thickness = 6;
