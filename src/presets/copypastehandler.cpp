@@ -1,32 +1,33 @@
 #include "copypastehandler.h"
 
+#include "mixershape.h"
 #include "presetdefaults.h"
 #include "presetinterface.h"
 #include "presetnames.h"
 
 #include <QDebug>
 
-#include <array>
 #include <cstddef>
 
 namespace
 {
-
-// In the order of their numbers, from 1.
-constexpr std::array channelWords{"ch1", "ch2",   "ch3",  "ch4",  "ch5",  "ch6",   "ch7",
-                                  "ch8", "mains", "aux1", "aux2", "aux3", "phones"};
 
 // As it stands in each of the channel's keys, once. The keys of what the inputs send to an aux hold
 // two channels, the input's and the aux's.
 QString wordOf(int channel)
 {
     return QStringLiteral("_%1_").arg(
-        QLatin1String(channelWords.at(static_cast<std::size_t>(channel - 1))));
+        QLatin1String(channels::words.at(static_cast<std::size_t>(channel - 1))));
 }
 
 bool areOfOneKind(int channel, int other)
 {
-    const auto kind = [](int of) { return of <= 8 ? 1 : of == 9 ? 2 : of <= 12 ? 3 : 4; };
+    const auto kind = [](int of) {
+        return channels::isInput(of)  ? 1
+            : of == channels::mains   ? 2
+            : of <= channels::lastAux ? 3
+                                      : 4;
+    };
     return kind(channel) == kind(other);
 }
 
@@ -40,7 +41,7 @@ CopyPasteHandler::CopyPasteHandler(PresetInterface* presetStore, QObject* parent
 
 void CopyPasteHandler::slotSetCurrentChannel(int channel)
 {
-    if (channel >= 1 && channel <= static_cast<int>(channelWords.size()))
+    if (channel >= 1 && channel <= channels::phones)
         currentChannel = channel;
     else
         qDebug() << "no channel to copy and paste:" << channel;

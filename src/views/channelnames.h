@@ -1,19 +1,12 @@
 #pragma once
 
+#include "mixershape.h"
+
 #include <QString>
 
-// The channels by number, 1 to 8 inputs, 9 mains, 10 to 12 aux 1 to 3 and 13 phones, and the names
-// of their select buttons.
+// The names of the channels' select buttons.
 namespace channels
 {
-
-constexpr int lastInput = 8;
-constexpr int mains = 9;
-constexpr int firstAux = 10;
-constexpr int lastAux = 12;
-constexpr int phones = 13;
-
-constexpr bool isInput(int channel) { return channel >= 1 && channel <= lastInput; }
 
 // Of the phones for any number that is no channel's.
 QString selectName(int channel);

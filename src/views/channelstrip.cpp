@@ -11,8 +11,6 @@
 namespace
 {
 
-constexpr int channelsWithPhantom = 2;
-
 // Where the channel's digit stands in a key, after "channelstrip_ch".
 constexpr int channelPlace = 15;
 
@@ -58,7 +56,7 @@ ChannelStrip::ChannelStrip(QWidget* page, int index, const ChannelSelection& sha
     auxDisableWidget->setStyleSheet(QStringLiteral("background-color: rgba(95,95,95,110);"));
     auxDisableWidget->hide();
 
-    const bool hasPhantom = channel() <= channelsWithPhantom;
+    const bool hasPhantom = channels::hasPhantom(channel());
     phantom->setVisible(hasPhantom);
     if (!hasPhantom)
         phantom->setFocusPolicy(Qt::NoFocus);
@@ -257,7 +255,7 @@ void ChannelStrip::slotUpdatePhantomButton()
         ignoreNextPhantom = false;
         return;
     }
-    if (channel() <= channelsWithPhantom)
+    if (channels::hasPhantom(channel()))
         emit signalSendGlobalParameter(QStringLiteral("ch%1_phantom").arg(channel()),
                                        int{phantom->isChecked()});
 }

@@ -8,14 +8,6 @@
 
 #include <QStackedWidget>
 
-namespace
-{
-
-constexpr int auxBuses = 3;
-constexpr int channelsWithoutPad = 2;
-
-} // namespace
-
 ChannelStripTab::ChannelStripTab(QWidget* parent)
     : QWidget(parent)
     , pages(new QStackedWidget(this))
@@ -35,13 +27,13 @@ ChannelStripTab::ChannelStripTab(QWidget* parent)
     const QList<double> noPad = read("trimTableNoPad.txt");
 
     for (int index = 0; index < channels::lastInput; ++index) {
-        tables.trim = index < channelsWithoutPad ? noPad : withPad;
+        tables.trim = channels::hasPad(index + 1) ? withPad : noPad;
         QWidget* page = addPage(QStringLiteral("channelstrip_ch%1").arg(index + 1));
         strips.append(new ChannelStrip(page, index, selected, tables));
     }
     mains = new MainsStrip(addPage(QStringLiteral("channelstrip_mains")),
                            {tables.lowEq, tables.midEq, tables.highEq});
-    for (int index = 0; index < auxBuses; ++index)
+    for (int index = 0; index < channels::auxes; ++index)
         auxes.append(
             new AuxStrip(addPage(QStringLiteral("channelstrip_aux%1").arg(index + 1)), index));
     phones = new PhonesStrip(addPage(QStringLiteral("channelstrip_phones")));

@@ -1,5 +1,7 @@
 #include "monitorselector.h"
 
+#include "mixershape.h"
+
 #include <QButtonGroup>
 #include <QPushButton>
 #include <QWheelEvent>
@@ -7,7 +9,6 @@
 namespace
 {
 
-constexpr int inputs = 8;
 constexpr int columns = 4;
 constexpr int gap = 8;
 
@@ -30,7 +31,7 @@ MonitorSelector::MonitorSelector(QWidget* parent, const QSize& size, const QStri
         const QString name = QLatin1String(names[index]);
         auto* button = new QPushButton(name, this);
         button->setObjectName(QStringLiteral("monitor_button_%1").arg(index + 1));
-        button->setProperty("role", index < inputs ? "input" : "output");
+        button->setProperty("role", channels::isInput(index + 1) ? "input" : "output");
         button->setCheckable(true);
         button->setAccessibleName(QStringLiteral("%1, listen to %2").arg(spokenPage, name));
         button->setToolTip(QStringLiteral("Hear %1 in the phones.").arg(name));

@@ -1,6 +1,7 @@
 #include "channelstripform.h"
 
 #include "formbuilder.h"
+#include "mixershape.h"
 #include "stripparts.h"
 
 #include <QFrame>
@@ -15,15 +16,13 @@ namespace
 constexpr int gainWidth = 112;
 constexpr int routingWidth = 192;
 constexpr int panHeight = 96;
-constexpr int auxes = 3;
-constexpr int channelsWithoutPad = 2;
 
 constexpr const char* numberWords[]{"ONE", "TWO", "THREE", "FOUR", "FIVE", "SIX", "SEVEN", "EIGHT"};
 
 ControlRow trimRow(int channel)
 {
     // The inputs without a pad have their range 20 dB higher.
-    const double shift = channel <= channelsWithoutPad ? 20.0 : 0.0;
+    const double shift = channels::hasPad(channel) ? 0.0 : 20.0;
     return {.name = "trim",
             .caption = "Trim",
             .spoken = "trim",
@@ -101,7 +100,7 @@ QList<ButtonRow> makeButtonRows()
          "OFF", "PAIRED"},
         {"phantom", "phantom power", "Phantom power for a microphone that needs it."},
     };
-    for (int aux = 1; aux <= auxes; ++aux)
+    for (int aux = 1; aux <= channels::auxes; ++aux)
         rows.append({auxName(aux, "pre_post"), QStringLiteral("aux %1 pre or post fader").arg(aux),
                      QStringLiteral("Send to aux %1 before or after the channel's fader.").arg(aux),
                      "PRE", "POST"});
@@ -145,7 +144,7 @@ QFrame* layRouting(FormBuilder& builder, const QList<ControlRow>& rows, int left
     QFrame* panel = builder.group("groupBox_Routing", QStringLiteral("AUX SENDS"),
                                   {left, margin, routingWidth, panelHeight - panHeight - margin});
     constexpr int rowHeight = 72;
-    for (int aux = 1; aux <= auxes; ++aux) {
+    for (int aux = 1; aux <= channels::auxes; ++aux) {
         const int y = 32 + (aux - 1) * rowHeight;
         builder.label(panel, QStringLiteral("AUX %1").arg(aux), {margin, y + 2, 56, 16}, "send");
         builder.button(panel, buttonRow(auxName(aux, "pre_post")), {margin + 4, y + 24, 48, 20});
@@ -195,7 +194,7 @@ QList<ControlRow> ChannelStripForm::controlRows(int channel)
     QList<ControlRow> rows = stripparts::controlRows();
     rows += {trimRow(channel), highPassRow(),
              panRow("pan", "pan", 5, "Where the channel stands between left and right.")};
-    for (int aux = 1; aux <= auxes; ++aux)
+    for (int aux = 1; aux <= channels::auxes; ++aux)
         rows += {sendRow(aux),
                  panRow(auxName(aux, "pan"), QStringLiteral("aux %1 pan").arg(aux), 4,
                         QStringLiteral("Where the channel stands in aux %1.").arg(aux))};

@@ -1,6 +1,7 @@
 #include "faderframeform.h"
 
 #include "formbuilder.h"
+#include "mixershape.h"
 #include "stripparts.h"
 
 #include <QFrame>
@@ -13,51 +14,51 @@ namespace
 constexpr int margin = 8;
 
 // One fader with its buttons, a column of the frame.
-struct Channel {
+struct Column {
     QString word; // as "ch1"
     QString name; // as it is shown
     QString spoken;
     bool isInput;
 };
 
-QList<Channel> makeChannels()
+QList<Column> makeColumns()
 {
-    QList<Channel> channels;
-    for (int number = 1; number <= 8; ++number)
-        channels.append({QStringLiteral("ch%1").arg(number), QStringLiteral("CH %1").arg(number),
-                         QStringLiteral("Channel %1").arg(number), true});
-    return channels
-        + QList<Channel>{{"mains", "MAINS", "Mains", false},
-                         {"aux1", "AUX 1", "Aux 1", false},
-                         {"aux2", "AUX 2", "Aux 2", false},
-                         {"aux3", "AUX 3", "Aux 3", false},
-                         {"phones", "PHONES", "Phones", false}};
+    QList<Column> columns;
+    for (int number = 1; number <= channels::lastInput; ++number)
+        columns.append({QStringLiteral("ch%1").arg(number), QStringLiteral("CH %1").arg(number),
+                        QStringLiteral("Channel %1").arg(number), true});
+    columns.append({"mains", "MAINS", "Mains", false});
+    for (int aux = 1; aux <= channels::auxes; ++aux)
+        columns.append({QStringLiteral("aux%1").arg(aux), QStringLiteral("AUX %1").arg(aux),
+                        QStringLiteral("Aux %1").arg(aux), false});
+    columns.append({"phones", "PHONES", "Phones", false});
+    return columns;
 }
 
-const QList<Channel>& channels()
+const QList<Column>& allColumns()
 {
-    static const QList<Channel> list = makeChannels();
-    return list;
+    static const QList<Column> columns = makeColumns();
+    return columns;
 }
 
-QString nameOf(const Channel& channel, const char* part)
+QString nameOf(const Column& channel, const char* part)
 {
     return QStringLiteral("faderframe_%1_%2").arg(channel.word, QLatin1String(part));
 }
 
-ControlRow faderRow(const Channel& channel)
+ControlRow faderRow(const Column& channel)
 {
     return stripparts::faderRow(nameOf(channel, "fader"), channel.name, QStringLiteral("fader"),
                                 QStringLiteral("The level. With Ctrl, a click sets it to 0 dB."));
 }
 
-ButtonRow muteRow(const Channel& channel)
+ButtonRow muteRow(const Column& channel)
 {
     return {nameOf(channel, "mute"), QStringLiteral("mute"),
             QStringLiteral("Silence this channel.")};
 }
 
-ButtonRow soloRow(const Channel& channel)
+ButtonRow soloRow(const Column& channel)
 {
     return {nameOf(channel, "solo"), QStringLiteral("solo"),
             QStringLiteral("Hear this channel alone. With Shift, end every other solo.")};
@@ -71,7 +72,7 @@ void layMark(FormBuilder& builder, QWidget* parent, const ButtonRow& row, const 
     button->setProperty("role", row.spoken);
 }
 
-void layChannel(QFrame* parent, const Channel& channel, const QRect& column)
+void layChannel(QFrame* parent, const Column& channel, const QRect& column)
 {
     constexpr int buttonWidth = 56;
     constexpr int buttonHeight = 20;
@@ -109,9 +110,8 @@ FaderFrameForm::FaderFrameForm(QWidget* host)
 {
     constexpr int inputWidth = 64;
     constexpr int outputWidth = 72;
-    constexpr int inputs = 8;
     const int height = host->height();
-    const int outputsLeft = 4 + inputs * inputWidth + margin;
+    const int outputsLeft = 4 + channels::lastInput * inputWidth + margin;
     auto* inputFrame = new QFrame(host);
     inputFrame->setGeometry(0, 0, outputsLeft, height);
     auto* outputFrame = new QFrame(host);
@@ -121,7 +121,7 @@ FaderFrameForm::FaderFrameForm(QWidget* host)
 
     int inputLeft = 4;
     int outputLeft = 4;
-    for (const Channel& channel : channels()) {
+    for (const Column& channel : allColumns()) {
         int& left = channel.isInput ? inputLeft : outputLeft;
         const int width = channel.isInput ? inputWidth : outputWidth;
         layChannel(channel.isInput ? inputFrame : outputFrame, channel, {left, 0, width, height});
@@ -133,7 +133,7 @@ const QList<ControlRow>& FaderFrameForm::controlRows()
 {
     static const QList<ControlRow> rows = [] {
         QList<ControlRow> all;
-        for (const Channel& channel : channels())
+        for (const Column& channel : allColumns())
             all.append(faderRow(channel));
         return all;
     }();
@@ -144,7 +144,7 @@ const QList<ButtonRow>& FaderFrameForm::buttonRows()
 {
     static const QList<ButtonRow> rows = [] {
         QList<ButtonRow> all;
-        for (const Channel& channel : channels()) {
+        for (const Column& channel : allColumns()) {
             all.append(muteRow(channel));
             if (channel.isInput)
                 all.append(soloRow(channel));

@@ -1,6 +1,7 @@
 #include "outputforms.h"
 
 #include "formbuilder.h"
+#include "mixershape.h"
 #include "monitorselector.h"
 #include "stripparts.h"
 
@@ -12,7 +13,6 @@ using namespace stripparts;
 namespace
 {
 
-constexpr int channels = 8;
 constexpr int nameHeight = 24;
 
 void layPageName(FormBuilder& builder, QWidget* parent, const QString& name, const QRect& place)
@@ -25,7 +25,7 @@ void layPageName(FormBuilder& builder, QWidget* parent, const QString& name, con
 QList<ControlRow> makeAuxRows()
 {
     QList<ControlRow> rows;
-    for (int channel = 1; channel <= channels; ++channel) {
+    for (int channel = 1; channel <= channels::lastInput; ++channel) {
         rows.append(stripparts::faderRow(
             QStringLiteral("ch%1_send_level").arg(channel), QStringLiteral("CH %1").arg(channel),
             QStringLiteral("channel %1 send level").arg(channel),
@@ -48,7 +48,7 @@ QList<ControlRow> makeAuxRows()
 QList<ButtonRow> makeAuxButtonRows()
 {
     QList<ButtonRow> rows;
-    for (int channel = 1; channel <= channels; ++channel)
+    for (int channel = 1; channel <= channels::lastInput; ++channel)
         rows.append({QStringLiteral("ch%1_pre_post").arg(channel),
                      QStringLiteral("channel %1 pre or post fader").arg(channel),
                      QStringLiteral("Send channel %1 before or after its fader.").arg(channel),
@@ -80,9 +80,9 @@ AuxStripForm::AuxStripForm(QWidget* host, const QString& spokenPage, int aux)
     layPageName(builder, panel, QStringLiteral("AUX %1").arg(aux),
                 {0, 6, panel->width(), nameHeight});
 
-    constexpr int column = (pageWidth - 4 * margin) / channels;
+    constexpr int column = (pageWidth - 4 * margin) / channels::lastInput;
     constexpr int top = 40;
-    for (int channel = 0; channel < channels; ++channel) {
+    for (int channel = 0; channel < channels::lastInput; ++channel) {
         const ControlRow& send = controlRows().at(2 * channel);
         const ControlRow& pan = controlRows().at(2 * channel + 1);
         const int middle = margin + channel * column + column / 2;

@@ -1,6 +1,7 @@
 #include "reverbform.h"
 
 #include "formbuilder.h"
+#include "mixershape.h"
 #include "stripparts.h"
 
 #include <QFrame>
@@ -9,8 +10,6 @@ using namespace stripparts;
 
 namespace
 {
-
-constexpr int channels = 8;
 
 ControlRow soundRow(const char* name, const char* caption, const char* spoken, int minimum,
                     int maximum, const char* suffix, const char* toolTip)
@@ -34,7 +33,7 @@ QString sendName(int channel) { return QStringLiteral("reverbtab_ch%1_send_level
 QList<ControlRow> makeControlRows()
 {
     QList<ControlRow> rows;
-    for (int channel = 1; channel <= channels; ++channel)
+    for (int channel = 1; channel <= channels::lastInput; ++channel)
         rows.append(
             faderRow(sendName(channel), QStringLiteral("CH %1").arg(channel),
                      QStringLiteral("channel %1 send level").arg(channel),
@@ -77,7 +76,7 @@ ReverbForm::ReverbForm(QWidget* host, const QString& spokenPage)
     host->setGeometry(0, 0, pageWidth, pageHeight);
     FormBuilder builder(host, spokenPage);
     constexpr int column = 70;
-    constexpr int sendsWidth = channels * column + 2 * margin;
+    constexpr int sendsWidth = channels::lastInput * column + 2 * margin;
     constexpr int levelWidth = 88;
     constexpr int soundWidth = pageWidth - 4 * margin - sendsWidth - levelWidth;
     constexpr int top = 40;
@@ -86,7 +85,7 @@ ReverbForm::ReverbForm(QWidget* host, const QString& spokenPage)
     QFrame* sends = builder.group("groupBox_Sends", QStringLiteral("REVERB SENDS"),
                                   {margin, margin, sendsWidth, panelHeight});
     builder.button(sends, buttonRows().at(0), {sendsWidth - margin - 48, 4, 48, 20});
-    for (int channel = 1; channel <= channels; ++channel)
+    for (int channel = 1; channel <= channels::lastInput; ++channel)
         builder.fader(sends, rowNamed(controlRows(), sendName(channel)),
                       {margin + (channel - 1) * column, top, column, faderHeight});
 
