@@ -3,10 +3,8 @@
 #include <QString>
 #include <QVariantMap>
 
-#include <optional>
-
-// The factory values of every parameter and, of a preset's, the ranges, compiled in. Both stores
-// take their default maps from here, and what can be sent.
+// The table of parameters as the stores use it: their default maps, and what of a preset can be
+// sent.
 namespace presetdefaults
 {
 
@@ -18,14 +16,6 @@ const QVariantMap& globals();
 
 // Whether a preset's key is a parameter of the mixer.
 bool isPresetParameter(const QString& key);
-
-struct Range {
-    int lowest;
-    int highest;
-};
-
-// Of the control of a preset's parameter, in the control's own unit; nothing for any other key.
-std::optional<Range> range(const QString& key);
 
 // The value, or the end of the parameter's range that it is beyond. A factory value stays, also the
 // one that is out of its range; and so does the value of any other key.

@@ -158,8 +158,10 @@ void ControlPage::look(const Control& control) const
         dial->slotSetDialThickness(row.thickness);
         dial->slotSetCenteredDial(row.centered);
     }
-    if (auto* freq = qobject_cast<FreqSpinBox*>(control.box); freq != nullptr)
-        freq->slotSetRange(row.boxMinimum, row.boxMaximum);
+    if (auto* freq = qobject_cast<FreqSpinBox*>(control.box); freq != nullptr) {
+        const auto [lowest, highest] = boxLimits(row);
+        freq->slotSetRange(lowest, highest);
+    }
 }
 
 void ControlPage::setControl(const Control& control, int value)

@@ -8,6 +8,8 @@
 #include "selectallspinbox.h"
 #include "tablelookup.h"
 
+#include <QAbstractSlider>
+
 void ControlPage::slotConnectSpinboxes()
 {
     for (const Control& control : allControls()) {
@@ -28,27 +30,19 @@ void ControlPage::slotLinkDialToSpinbox(int /*value*/)
 std::optional<double> ControlPage::boxNumber(const Control& control) const
 {
     const int value = control.slider->value();
-    switch (control.row->encoding) {
-    case Encoding::plain:
-    case Encoding::hertz:
-        return value;
-    case Encoding::tensOfHertz:
-        return value * 10.0;
-    case Encoding::linearLevel:
-        return scaling::levelToDb(value);
-    case Encoding::hundredths:
-        return scaling::fromHundredths(value);
+    switch (control.row->parameter->encoding) {
     case Encoding::faderPosition:
         // The one way takes the box's range, the other the fader's.
         if (const auto* box = qobject_cast<QDoubleSpinBox*>(control.box); box != nullptr)
             return scaling::faderToDb(value, cutToInt(box->minimum()), cutToInt(box->maximum()));
         return std::nullopt;
     case Encoding::trimTable:
-        break;
-    }
-    if (value < 0 || value >= trimTable.size())
+        if (value >= 0 && value < trimTable.size())
+            return trimTable.at(value);
         return std::nullopt;
-    return trimTable.at(value);
+    default:
+        return control.row->parameter->shown(value);
+    }
 }
 
 void ControlPage::showInBox(const Control& control)
@@ -87,8 +81,9 @@ void ControlPage::slotLinkDoubleSpinboxtoDial(double value)
 
 int ControlPage::fromBoxNumber(const Control& control, double number)
 {
-    switch (control.row->encoding) {
+    switch (control.row->parameter->encoding) {
     case Encoding::plain:
+    case Encoding::onOff:
     case Encoding::hertz:
         return cutToInt(number);
     case Encoding::tensOfHertz:

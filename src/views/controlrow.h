@@ -1,40 +1,35 @@
 #pragma once
 
+#include "parametertable.h"
+
 #include <QColor>
+#include <QList>
 #include <QString>
 
-// What a control's integer means, and with it how its box shows it.
-enum class Encoding {
-    plain,         // the number itself, in a whole-number box
-    linearLevel,   // (dB + 100) * 100
-    faderPosition, // 3000 to 10600 on the volume curve
-    hundredths,
-    trimTable, // the index of an entry in dB
-    hertz,
-    tensOfHertz,
-};
+#include <optional>
 
 // What is added to a control's name for that of its box.
 inline const QString boxSuffix = QStringLiteral("_level");
 
-// A dial or a fader, and its box if it has one. The row builds them,
-// gives them their look and tells the way from the one to the other.
-struct ControlRow {
-    QString name{};    // the object name
-    QString caption{}; // the visible label
-    QString spoken{};  // the accessible name, after that of the page
-    Encoding encoding = Encoding::plain;
-    int minimum = 0;
-    int maximum = 0;
-    int singleStep = 1;
-    int pageStep = 10;
+// In the unit that a box shows, in a FreqSpinBox in Hz.
+struct BoxLimits {
+    double lowest;
+    double highest;
+};
 
-    // The box. Its range is in the unit that is shown, in a FreqSpinBox in Hz.
+// The looks of a dial or a fader, and of its box if it has one. What its number means and how far
+// it goes is told by its parameter.
+struct ControlRow {
+    QString name{};                       // the object name
+    QString caption{};                    // the visible label
+    QString spoken{};                     // the accessible name, after that of the page
+    const Parameter* parameter = nullptr; // must be there before the row is laid
+
+    // The box.
     bool hasBox = false;
-    double boxMinimum = 0.0;
-    double boxMaximum = 0.0;
     QString suffix{};
-    QString lowestText{}; // instead of the lowest number
+    QString lowestText{};                   // instead of the lowest number
+    std::optional<BoxLimits> tableLimits{}; // where no formula leads from the parameter's range
 
     // The dial.
     QColor color = Qt::yellow;
@@ -55,8 +50,9 @@ struct ButtonRow {
     QString textOn{};
 };
 
-// Every fader has this range and these steps.
-constexpr int faderMinimum = 3000;
-constexpr int faderMaximum = 10600;
-constexpr int faderSingleStep = 200;
-constexpr int faderPageStep = 400;
+// The limits of the row's box: those of its parameter, as they are shown.
+BoxLimits boxLimits(const ControlRow& row);
+
+// Gives each row that has no parameter yet that of its name after the prefix, as
+// "channelstrip_ch3_".
+void setParameters(QList<ControlRow>& rows, const QString& prefix);

@@ -67,8 +67,11 @@ private slots:
             {"compressor_gain", "10000 0.00 dB", "12400 24.00 dB"},
             {"compressor_release", "1 1 ms", "3000 3000 ms"},
             {"compressor_ratio", "0 0.00", "1000 10.00"},
+            {"gate_gain", "3600 -inf dB", "10000 0.00 dB"},
             {"pan", "9900", "10100"},
             {"aux1_routing_send_level", "3000", "10600"},
+            {"ch8_pan", "9900", "10100"},
+            {"ch8_send_level", "3000 -70.00 dB", "10600 6.00 dB"},
             {"reverb_level", "3000 -70.00 dB", "10600 6.00 dB"},
             {"reverbtab_ch8_send_level", "3000 -70.00 dB", "10600 6.00 dB"},
             {"reverbtab_pre_delay", "0 0 ms", "200 200 ms"},
@@ -78,7 +81,7 @@ private slots:
         int controls = 0;
         for (const QStringList& row : rows) {
             for (const QWidget* page : std::initializer_list<const QWidget*>{
-                     tab->channelStrips().first(), mains, reverb}) {
+                     tab->channelStrips().first(), tab->auxStrips().at(2), mains, reverb}) {
                 QAbstractSlider* control = slider(page, row.first());
                 if (control == nullptr)
                     continue;
@@ -89,7 +92,7 @@ private slots:
                 QCOMPARE(state(page, row.first()), row.at(2));
             }
         }
-        QCOMPARE(controls, 21);
+        QCOMPARE(controls, 25);
     }
 
     void passingThroughChangesNothing()

@@ -26,12 +26,9 @@ ControlRow trimRow(int channel)
     return {.name = "trim",
             .caption = "Trim",
             .spoken = "trim",
-            .encoding = Encoding::trimTable,
-            .maximum = 40,
             .hasBox = true,
-            .boxMinimum = -20.0 + shift,
-            .boxMaximum = 40.0 + shift,
             .suffix = " dB",
+            .tableLimits = BoxLimits{-20.0 + shift, 40.0 + shift},
             .color = gainColor,
             .thickness = 5,
             .toolTip = "The gain of the input before everything else."};
@@ -42,13 +39,7 @@ ControlRow highPassRow()
     return {.name = "highPass_freq",
             .caption = "High pass",
             .spoken = "high-pass frequency",
-            .encoding = Encoding::hertz,
-            .minimum = 40,
-            .maximum = 400,
             .hasBox = true,
-            .boxMinimum = 40.0,
-            .boxMaximum = 400.0,
-            .suffix = " Hz",
             .color = gainColor,
             .thickness = 5,
             .toolTip = "Frequencies below this one are taken out, 40 to 400 Hz."};
@@ -59,30 +50,11 @@ QString auxName(int aux, const char* part)
     return QStringLiteral("aux%1_routing_%2").arg(aux).arg(QLatin1String(part));
 }
 
-ControlRow panRow(const QString& name, const QString& spoken, int thickness, const QString& toolTip)
-{
-    return {.name = name,
-            .caption = "Pan",
-            .spoken = spoken,
-            .minimum = 9900,
-            .maximum = 10100,
-            .color = sendColor,
-            .thickness = thickness,
-            .centered = true,
-            .hasReset = true,
-            .toolTip = toolTip};
-}
-
 ControlRow sendRow(int aux)
 {
     return {.name = auxName(aux, "send_level"),
             .caption = "Send",
             .spoken = QStringLiteral("aux %1 send").arg(aux),
-            .encoding = Encoding::linearLevel,
-            .minimum = faderMinimum,
-            .maximum = faderMaximum,
-            .singleStep = faderSingleStep,
-            .pageStep = faderPageStep,
             .color = sendColor,
             .thickness = 4,
             .toolTip = QStringLiteral("How much of the channel goes to aux %1.").arg(aux)};
@@ -177,9 +149,9 @@ ChannelStripForm::ChannelStripForm(QWidget* host, const QString& spokenPage, int
     int left = margin;
     QFrame* gain = layGain(builder, rows, channel, firstOfPair);
     left += gainWidth + margin;
-    QFrame* eq = layEq(builder, left);
+    QFrame* eq = layEq(builder, rows, left);
     left += eqWidth + margin;
-    QFrame* dynamics = layDynamics(builder, left);
+    QFrame* dynamics = layDynamics(builder, rows, left);
     left += dynamicsWidth + margin;
     routing = layRouting(builder, rows, left);
     QFrame* pan = layPan(builder, rows, left);
@@ -198,6 +170,7 @@ QList<ControlRow> ChannelStripForm::controlRows(int channel)
         rows += {sendRow(aux),
                  panRow(auxName(aux, "pan"), QStringLiteral("aux %1 pan").arg(aux), 4,
                         QStringLiteral("Where the channel stands in aux %1.").arg(aux))};
+    setParameters(rows, QStringLiteral("channelstrip_ch%1_").arg(channel));
     return rows;
 }
 

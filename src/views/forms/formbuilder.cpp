@@ -60,15 +60,19 @@ void dress(QWidget* widget, const QString& name, const QString& accessibleName,
 
 void setTravel(QAbstractSlider* slider, const ControlRow& row)
 {
-    slider->setRange(row.minimum, row.maximum);
-    slider->setSingleStep(row.singleStep);
-    slider->setPageStep(row.pageStep);
+    const Parameter& parameter = *row.parameter;
+    slider->setRange(parameter.lowest, parameter.highest);
+    if (parameter.encoding == Encoding::faderPosition) {
+        slider->setSingleStep(200);
+        slider->setPageStep(400);
+    }
 }
 
 QAbstractSpinBox* makeFrequencyBox(QWidget* parent, const ControlRow& row)
 {
     auto* box = new FreqSpinBox(parent);
-    box->slotSetRange(row.boxMinimum, row.boxMaximum);
+    const auto [lowest, highest] = boxLimits(row);
+    box->slotSetRange(lowest, highest);
     return box;
 }
 
@@ -76,10 +80,11 @@ QAbstractSpinBox* makeDecimalBox(QWidget* parent, const ControlRow& row)
 {
     auto* box = new SelectAllDoubleSpinbox(parent);
     box->setDecimals(2);
-    box->setRange(row.boxMinimum, row.boxMaximum);
+    const auto [lowest, highest] = boxLimits(row);
+    box->setRange(lowest, highest);
     box->setSuffix(row.suffix);
     box->setSpecialValueText(row.lowestText);
-    if (row.encoding == Encoding::hundredths)
+    if (row.parameter->encoding == Encoding::hundredths)
         box->setSingleStep(0.01);
     return box;
 }
@@ -87,7 +92,7 @@ QAbstractSpinBox* makeDecimalBox(QWidget* parent, const ControlRow& row)
 QAbstractSpinBox* makeWholeBox(QWidget* parent, const ControlRow& row)
 {
     auto* box = new SelectAllSpinbox(parent);
-    box->setRange(row.minimum, row.maximum);
+    box->setRange(row.parameter->lowest, row.parameter->highest);
     box->setSuffix(row.suffix);
     return box;
 }
@@ -184,7 +189,7 @@ void FormBuilder::fader(QWidget* parent, const ControlRow& row, const QRect& pla
 QAbstractSpinBox* FormBuilder::box(QWidget* parent, const ControlRow& row, const QRect& place)
 {
     QAbstractSpinBox* number = nullptr;
-    switch (row.encoding) {
+    switch (row.parameter->encoding) {
     case Encoding::hertz:
     case Encoding::tensOfHertz:
         number = makeFrequencyBox(parent, row);

@@ -22,25 +22,25 @@ void layPageName(FormBuilder& builder, QWidget* parent, const QString& name, con
     label->setAccessibleName(name);
 }
 
+// With the parameters of aux 1; those of the others are alike.
 QList<ControlRow> makeAuxRows()
 {
+    const auto parameter = [](int channel, const char* part) {
+        return &parametertable::at(QStringLiteral("channelstrip_ch%1_aux1_routing_%2")
+                                       .arg(channel)
+                                       .arg(QLatin1String(part)));
+    };
     QList<ControlRow> rows;
     for (int channel = 1; channel <= channels::lastInput; ++channel) {
         rows.append(stripparts::faderRow(
             QStringLiteral("ch%1_send_level").arg(channel), QStringLiteral("CH %1").arg(channel),
             QStringLiteral("channel %1 send level").arg(channel),
             QStringLiteral("How much of channel %1 goes to this aux.").arg(channel)));
-        rows.append(
-            {.name = QStringLiteral("ch%1_pan").arg(channel),
-             .caption = "Pan",
-             .spoken = QStringLiteral("channel %1 pan").arg(channel),
-             .minimum = 9900,
-             .maximum = 10100,
-             .color = sendColor,
-             .thickness = 4,
-             .centered = true,
-             .hasReset = true,
-             .toolTip = QStringLiteral("Where channel %1 stands in this aux.").arg(channel)});
+        rows.last().parameter = parameter(channel, "send_level");
+        rows.append(panRow(QStringLiteral("ch%1_pan").arg(channel),
+                           QStringLiteral("channel %1 pan").arg(channel), 4,
+                           QStringLiteral("Where channel %1 stands in this aux.").arg(channel)));
+        rows.last().parameter = parameter(channel, "pan");
     }
     return rows;
 }
@@ -53,6 +53,16 @@ QList<ButtonRow> makeAuxButtonRows()
                      QStringLiteral("channel %1 pre or post fader").arg(channel),
                      QStringLiteral("Send channel %1 before or after its fader.").arg(channel),
                      "PRE", "POST"});
+    return rows;
+}
+
+QList<ControlRow> makeMainsRows()
+{
+    QList<ControlRow> rows = stripparts::controlRows();
+    rows.append(stripparts::faderRow(MainsStripForm::reverbLevelName(), "Reverb", "reverb level",
+                                     "How much of the reverb goes to the mains."));
+    rows.last().parameter = &parametertable::at(QStringLiteral("reverbtab_level"));
+    setParameters(rows, QStringLiteral("channelstrip_mains_"));
     return rows;
 }
 
@@ -95,9 +105,7 @@ AuxStripForm::AuxStripForm(QWidget* host, const QString& spokenPage, int aux)
 
 const QList<ControlRow>& MainsStripForm::controlRows()
 {
-    static const QList<ControlRow> rows = stripparts::controlRows()
-        + QList<ControlRow>{stripparts::faderRow(reverbLevelName(), "Reverb", "reverb level",
-                                                 "How much of the reverb goes to the mains.")};
+    static const QList<ControlRow> rows = makeMainsRows();
     return rows;
 }
 
@@ -117,20 +125,20 @@ MainsStripForm::MainsStripForm(QWidget* host, const QString& spokenPage)
                   {0, 40, reverbWidth, panelHeight - margin - 40});
 
     int left = margin + reverbWidth + margin;
-    QFrame* eq = layEq(builder, left, wideEq);
+    QFrame* eq = layEq(builder, controlRows(), left, wideEq);
     left += wideEq + margin;
-    QFrame* dynamics = layDynamics(builder, left, wideDynamics);
+    QFrame* dynamics = layDynamics(builder, controlRows(), left, wideDynamics);
     focusAreas = {reverb, eq, dynamics};
 }
 
 const QList<ControlRow>& PhonesStripForm::controlRows()
 {
-    static const QList<ControlRow> rows{{.name = "monitor_select",
-                                         .caption = "LISTEN TO",
-                                         .spoken = "listen to",
-                                         .minimum = 1,
-                                         .maximum = 12,
-                                         .toolTip = "What the phones hear."}};
+    static const QList<ControlRow> rows{
+        {.name = "monitor_select",
+         .caption = "LISTEN TO",
+         .spoken = "listen to",
+         .parameter = &parametertable::at(QStringLiteral("channelstrip_phones_monitor_select")),
+         .toolTip = "What the phones hear."}};
     return rows;
 }
 
@@ -150,6 +158,6 @@ PhonesStripForm::PhonesStripForm(QWidget* host, const QString& spokenPage)
     selector->setObjectName(row.name);
     selector->setAccessibleName(QStringLiteral("%1, %2").arg(spokenPage, row.spoken));
     selector->setToolTip(row.toolTip);
-    selector->setRange(row.minimum, row.maximum);
+    selector->setRange(row.parameter->lowest, row.parameter->highest);
     selector->move((group->width() - size.width()) / 2, 88);
 }

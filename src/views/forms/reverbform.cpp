@@ -11,17 +11,14 @@ using namespace stripparts;
 namespace
 {
 
-ControlRow soundRow(const char* name, const char* caption, const char* spoken, int minimum,
-                    int maximum, const char* suffix, const char* toolTip)
+ControlRow soundRow(const char* name, const char* caption, const char* spoken, const char* suffix,
+                    const char* toolTip)
 {
     return {.name = name,
             .caption = caption,
             .spoken = spoken,
-            .minimum = minimum,
-            .maximum = maximum,
+            .parameter = &parametertable::at(QLatin1String(name)),
             .hasBox = true,
-            .boxMinimum = double(minimum),
-            .boxMaximum = double(maximum),
             .suffix = suffix,
             .color = sendColor,
             .thickness = 5,
@@ -41,13 +38,13 @@ QList<ControlRow> makeControlRows()
     rows += {
         faderRow(ReverbForm::levelName(), "Level", "level",
                  "How much of the reverb goes to the mains."),
-        soundRow("reverbtab_pre_delay", "Pre-delay", "pre-delay", 0, 200, " ms",
+        soundRow("reverbtab_pre_delay", "Pre-delay", "pre-delay", " ms",
                  "The time before the reverb is heard, up to 200 ms."),
-        soundRow("reverbtab_decay_time", "Decay", "decay time", 100, 10000, " ms",
+        soundRow("reverbtab_decay_time", "Decay", "decay time", " ms",
                  "How long the reverb takes to die away, up to 10 seconds."),
-        soundRow("reverbtab_damping", "Damping", "damping", 0, 100, " %",
+        soundRow("reverbtab_damping", "Damping", "damping", " %",
                  "How much faster the high notes die away."),
-        soundRow("reverbtab_diffusion", "Diffusion", "diffusion", 0, 100, " %",
+        soundRow("reverbtab_diffusion", "Diffusion", "diffusion", " %",
                  "How dense the reverb's echoes are."),
     };
     return rows;

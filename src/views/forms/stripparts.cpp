@@ -15,105 +15,35 @@ namespace
 {
 
 const QString decibels = QStringLiteral(" dB");
-const QString hertz = QStringLiteral(" Hz");
 const QString milliseconds = QStringLiteral(" ms");
-const QString silence = QStringLiteral("-inf dB");
+
+ControlRow dial(const char* name, const char* caption, const char* spoken, QColor color,
+                const QString& toolTip, const QString& suffix = {}, int thickness = 6)
+{
+    return {.name = name,
+            .caption = caption,
+            .spoken = spoken,
+            .hasBox = true,
+            .suffix = suffix,
+            .color = color,
+            .thickness = thickness,
+            .toolTip = toolTip};
+}
 
 ControlRow eqGain(const char* name, const char* spoken, QColor color)
 {
-    return {.name = name,
-            .caption = "Gain",
-            .spoken = spoken,
-            .encoding = Encoding::linearLevel,
-            .minimum = 8200,
-            .maximum = 11800,
-            .hasBox = true,
-            .boxMinimum = -18.0,
-            .boxMaximum = 18.0,
-            .suffix = decibels,
-            .color = color,
-            .thickness = 5,
-            .centered = true,
-            .hasReset = true,
-            .toolTip = QStringLiteral("±18dB")};
+    ControlRow row = dial(name, "Gain", spoken, color, QStringLiteral("±18dB"), decibels, 5);
+    row.centered = true;
+    row.hasReset = true;
+    return row;
 }
 
-ControlRow eqFrequency(const char* name, const char* spoken, int minimum, int maximum, QColor color,
-                       int thickness, const QString& toolTip)
+// A level whose lowest place means silence.
+ControlRow silencing(const char* name, const char* caption, const char* spoken, QColor color,
+                     const QString& toolTip)
 {
-    return {.name = name,
-            .caption = "Freq",
-            .spoken = spoken,
-            .encoding = Encoding::hertz,
-            .minimum = minimum,
-            .maximum = maximum,
-            .hasBox = true,
-            .boxMinimum = double(minimum),
-            .boxMaximum = double(maximum),
-            .suffix = hertz,
-            .color = color,
-            .thickness = thickness,
-            .toolTip = toolTip};
-}
-
-// In dB, with a lowest place that may mean silence.
-ControlRow level(const char* name, const char* caption, const char* spoken, int minimum,
-                 int maximum, const QString& lowestText, QColor color, const QString& toolTip)
-{
-    return {.name = name,
-            .caption = caption,
-            .spoken = spoken,
-            .encoding = Encoding::linearLevel,
-            .minimum = minimum,
-            .maximum = maximum,
-            .hasBox = true,
-            .boxMinimum = minimum / 100.0 - 100.0,
-            .boxMaximum = maximum / 100.0 - 100.0,
-            .suffix = decibels,
-            .lowestText = lowestText,
-            .color = color,
-            .toolTip = toolTip};
-}
-
-ControlRow time(const char* name, const char* caption, const char* spoken, int maximum,
-                QColor color, const QString& toolTip)
-{
-    return {.name = name,
-            .caption = caption,
-            .spoken = spoken,
-            .minimum = 1,
-            .maximum = maximum,
-            .hasBox = true,
-            .suffix = milliseconds,
-            .color = color,
-            .toolTip = toolTip};
-}
-
-ControlRow hundredths(const char* name, const char* caption, const char* spoken, int minimum,
-                      QColor color, int thickness, const QString& toolTip)
-{
-    return {.name = name,
-            .caption = caption,
-            .spoken = spoken,
-            .encoding = Encoding::hundredths,
-            .minimum = minimum,
-            .maximum = 1000,
-            .hasBox = true,
-            .boxMinimum = minimum / 100.0,
-            .boxMaximum = 10.0,
-            .color = color,
-            .thickness = thickness,
-            .toolTip = toolTip};
-}
-
-ControlRow eqHighFrequency()
-{
-    // Its dial goes in tens of Hz.
-    ControlRow row = eqFrequency("eq_hi_freq", "EQ high frequency", 300, 2000, eqHighColor, 5,
-                                 QStringLiteral("3kHz – 20kHz"));
-    row.encoding = Encoding::tensOfHertz;
-    row.boxMinimum = 3000.0;
-    row.boxMaximum = 20000.0;
+    ControlRow row = dial(name, caption, spoken, color, toolTip, decibels);
+    row.lowestText = QStringLiteral("-inf dB");
     return row;
 }
 
@@ -123,34 +53,34 @@ QList<ControlRow> makeControlRows()
 {
     return {
         eqGain("eq_low_gain", "EQ low gain", eqLowColor),
-        eqFrequency("eq_low_freq", "EQ low frequency", 20, 400, eqLowColor, 5,
-                    QStringLiteral("20Hz – 400Hz")),
+        dial("eq_low_freq", "Freq", "EQ low frequency", eqLowColor, QStringLiteral("20Hz – 400Hz"),
+             {}, 5),
         eqGain("eq_mid_gain", "EQ mid gain", eqMidColor),
-        eqFrequency("eq_mid_freq", "EQ mid frequency", 200, 6000, eqMidColor, 4,
-                    QStringLiteral("200Hz – 6kHz")),
-        hundredths("eq_mid_q", "Q", "EQ mid Q", 10, eqMidColor, 4, QStringLiteral("0.1 – 10")),
+        dial("eq_mid_freq", "Freq", "EQ mid frequency", eqMidColor, QStringLiteral("200Hz – 6kHz"),
+             {}, 4),
+        dial("eq_mid_q", "Q", "EQ mid Q", eqMidColor, QStringLiteral("0.1 – 10"), {}, 4),
         eqGain("eq_hi_gain", "EQ high gain", eqHighColor),
-        eqHighFrequency(),
+        dial("eq_hi_freq", "Freq", "EQ high frequency", eqHighColor, QStringLiteral("3kHz – 20kHz"),
+             {}, 5),
 
-        level("compressor_thresh", "Threshold", "compressor threshold", 3000, 11000, silence,
-              compressorColor, QStringLiteral("-inf – +10dB")),
-        hundredths("compressor_ratio", "Ratio", "compressor ratio", 0, compressorColor, 6,
-                   QStringLiteral("0.0 – 10.0")),
-        time("compressor_attack", "Attack", "compressor attack", 1000, compressorColor,
-             QStringLiteral("1ms – 1000ms")),
-        time("compressor_release", "Release", "compressor release", 3000, compressorColor,
-             QStringLiteral("1ms – 5000ms")),
-        level("compressor_gain", "Gain", "compressor gain", 10000, 12400, {}, compressorColor,
-              QStringLiteral("0dB – +24dB")),
+        silencing("compressor_thresh", "Threshold", "compressor threshold", compressorColor,
+                  QStringLiteral("-inf – +10dB")),
+        dial("compressor_ratio", "Ratio", "compressor ratio", compressorColor,
+             QStringLiteral("0.0 – 10.0")),
+        dial("compressor_attack", "Attack", "compressor attack", compressorColor,
+             QStringLiteral("1ms – 1000ms"), milliseconds),
+        dial("compressor_release", "Release", "compressor release", compressorColor,
+             QStringLiteral("1ms – 5000ms"), milliseconds),
+        dial("compressor_gain", "Gain", "compressor gain", compressorColor,
+             QStringLiteral("0dB – +24dB"), decibels),
 
-        level("gate_thresh", "Threshold", "gate threshold", 3000, 11000, silence, gateColor,
-              QStringLiteral("-inf – +10dB")),
-        time("gate_attack", "Attack", "gate attack", 1000, gateColor,
-             QStringLiteral("1ms – 5000ms")),
-        time("gate_release", "Release", "gate release", 3000, gateColor,
-             QStringLiteral("1ms – 5000ms")),
-        level("gate_gain", "Gain", "gate gain", 3600, 10000, silence, gateColor,
-              QStringLiteral("-inf – 0dB")),
+        silencing("gate_thresh", "Threshold", "gate threshold", gateColor,
+                  QStringLiteral("-inf – +10dB")),
+        dial("gate_attack", "Attack", "gate attack", gateColor, QStringLiteral("1ms – 5000ms"),
+             milliseconds),
+        dial("gate_release", "Release", "gate release", gateColor, QStringLiteral("1ms – 5000ms"),
+             milliseconds),
+        silencing("gate_gain", "Gain", "gate gain", gateColor, QStringLiteral("-inf – 0dB")),
     };
 }
 
@@ -186,15 +116,21 @@ ControlRow faderRow(const QString& name, const QString& caption, const QString& 
     return {.name = name,
             .caption = caption,
             .spoken = spoken,
-            .encoding = Encoding::faderPosition,
-            .minimum = faderMinimum,
-            .maximum = faderMaximum,
-            .singleStep = faderSingleStep,
-            .pageStep = faderPageStep,
+            .parameter = parametertable::find(name),
             .hasBox = true,
-            .boxMinimum = -70.0,
-            .boxMaximum = 6.0,
             .suffix = decibels,
+            .toolTip = toolTip};
+}
+
+ControlRow panRow(const QString& name, const QString& spoken, int thickness, const QString& toolTip)
+{
+    return {.name = name,
+            .caption = "Pan",
+            .spoken = spoken,
+            .color = sendColor,
+            .thickness = thickness,
+            .centered = true,
+            .hasReset = true,
             .toolTip = toolTip};
 }
 
@@ -220,26 +156,27 @@ void layBypass(FormBuilder& builder, QFrame* panel, const char* name, int y)
                    {panel->width() - margin - bypassWidth, y, bypassWidth, bypassHeight});
 }
 
-void layRow(FormBuilder& builder, QFrame* panel, const QStringList& names, int y)
+void layRow(FormBuilder& builder, QFrame* panel, const QList<ControlRow>& rows,
+            const QStringList& names, int y)
 {
     const int column = (panel->width() - margin) / static_cast<int>(names.size());
     int middle = margin / 2 + column / 2;
     for (const QString& name : names) {
-        builder.knob(panel, rowNamed(controlRows(), name), {middle, y});
+        builder.knob(panel, rowNamed(rows, name), {middle, y});
         middle += column;
     }
 }
 
 } // namespace
 
-QFrame* layEq(FormBuilder& builder, int left, int width)
+QFrame* layEq(FormBuilder& builder, const QList<ControlRow>& rows, int left, int width)
 {
     QFrame* panel =
         builder.group("groupBox_Eq", QStringLiteral("EQ"), {left, margin, width, panelHeight});
     const int column = width / 3;
     const int first = column / 2 + (width - 3 * column) / 2;
-    const auto knob = [&builder, panel](const char* name, int middle, int y) {
-        builder.knob(panel, rowNamed(controlRows(), name), {middle, y});
+    const auto knob = [&](const char* name, int middle, int y) {
+        builder.knob(panel, rowNamed(rows, name), {middle, y});
     };
     const auto head = [&builder, panel, column](const char* title, const char* role, int middle) {
         builder.label(panel, QLatin1String(title), {middle - column / 2, 32, column, 16}, role);
@@ -263,13 +200,13 @@ QFrame* layEq(FormBuilder& builder, int left, int width)
     return panel;
 }
 
-QFrame* layDynamics(FormBuilder& builder, int left, int width)
+QFrame* layDynamics(FormBuilder& builder, const QList<ControlRow>& rows, int left, int width)
 {
     constexpr int half = panelHeight / 2;
     constexpr int firstDial = 54;
     QFrame* panel = builder.group("groupBox_Limiter", QStringLiteral("COMPRESSOR"),
                                   {left, margin, width, panelHeight});
-    layRow(builder, panel,
+    layRow(builder, panel, rows,
            {"compressor_thresh", "compressor_ratio", "compressor_attack", "compressor_release",
             "compressor_gain"},
            firstDial);
@@ -278,7 +215,7 @@ QFrame* layDynamics(FormBuilder& builder, int left, int width)
     builder.label(panel, {}, {margin, half, width - 2 * margin, 1}, "line");
     builder.label(panel, QStringLiteral("GATE"), {margin, half + 4, 120, 20}, "title")
         ->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    layRow(builder, panel, {"gate_thresh", "gate_attack", "gate_release", "gate_gain"},
+    layRow(builder, panel, rows, {"gate_thresh", "gate_attack", "gate_release", "gate_gain"},
            half + firstDial);
     layBypass(builder, panel, "gate_bypass", half + 6);
     return panel;

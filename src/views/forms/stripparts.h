@@ -27,12 +27,16 @@ inline constexpr int panelHeight = pageHeight - 2 * margin;
 inline constexpr int eqWidth = 248;
 inline constexpr int dynamicsWidth = 320;
 
+// Yet without their parameters, which are the channel's own.
 const QList<ControlRow>& controlRows();
 const QList<ButtonRow>& buttonRows();
 
-// A level on the volume curve, with its box.
+// A level on the volume curve, with its box. Its parameter is that of the name, if it is a key.
 ControlRow faderRow(const QString& name, const QString& caption, const QString& spoken,
                     const QString& toolTip);
+
+ControlRow panRow(const QString& name, const QString& spoken, int thickness,
+                  const QString& toolTip);
 
 // The row of that name. It must be there.
 const ControlRow& rowNamed(const QList<ControlRow>& rows, const QString& name);
@@ -40,7 +44,8 @@ const ButtonRow& rowNamed(const QList<ButtonRow>& rows, const QString& name);
 
 // The panels "groupBox_Eq" and "groupBox_Limiter", the latter with compressor and gate; as high as
 // the page allows.
-QFrame* layEq(FormBuilder& builder, int left, int width = eqWidth);
-QFrame* layDynamics(FormBuilder& builder, int left, int width = dynamicsWidth);
+QFrame* layEq(FormBuilder& builder, const QList<ControlRow>& rows, int left, int width = eqWidth);
+QFrame* layDynamics(FormBuilder& builder, const QList<ControlRow>& rows, int left,
+                    int width = dynamicsWidth);
 
 } // namespace stripparts
