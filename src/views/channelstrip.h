@@ -3,6 +3,8 @@
 #include "channelselection.h"
 #include "parameterpage.h"
 
+#include <QToolButton>
+
 // The page of one input channel: trim, phantom power, high-pass filter, EQ, compressor, gate, pan
 // and the three aux sends. ChannelStripTab owns it. Channels 1 and 2, 3 and 4, 5 and 6, 7 and 8 can
 // be stereo pairs.
