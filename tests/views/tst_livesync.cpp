@@ -248,9 +248,9 @@ private slots:
         Desk desk;
         desk.start();
         desk.sent();
+        const Meanwhile second(2, [&] { desk.postRow(3); });
+        const Meanwhile third(5, [&] { desk.post(desk.at(mute), desk.at(mute)->rect()); });
         desk.postRow(2);
-        const Meanwhile second(3, [&] { desk.postRow(3); });
-        const Meanwhile third(8, [&] { desk.post(desk.at(mute), {5, 5}); });
         QTRY_COMPARE(desk.list->currentRow(), 3);
         QTRY_COMPARE(desk.value(mute, 3), 1);
         QCOMPARE(desk.apart({ch1, ch2, gain, mute}), QStringList());

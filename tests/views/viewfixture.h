@@ -25,6 +25,7 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QWindow>
+#include <qpa/qwindowsysteminterface.h>
 
 #include <functional>
 #include <memory>
@@ -286,20 +287,19 @@ public:
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                           list->visualItemRect(list->item(row)).center());
     }
-    // As from the window system: delivered when events pass that the user brings in.
-    void post(QWidget* widget, const QPoint& place) const
+    // A click as from the window system: it waits in its queue until events pass that the user
+    // brings in. QTest's are delivered at once, whatever is let pass.
+    void post(const QWidget* widget, const QRect& place) const
     {
-        QWindow* window = windowHandle();
-        const QPointF local = widget->mapTo(this, place);
+        const QPointF local = widget->mapTo(this, place.center());
+        const QPointF global = windowHandle()->mapToGlobal(local);
         for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-            qt_handleMouseEvent(window, local, window->mapToGlobal(local),
-                                type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                                Qt::LeftButton, type, {}, 0);
+            QWindowSystemInterface::handleMouseEvent<QWindowSystemInterface::AsynchronousDelivery>(
+                windowHandle(), local, global,
+                type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton,
+                type);
     }
-    void postRow(int row) const
-    {
-        post(list->viewport(), list->visualItemRect(list->item(row)).center());
-    }
+    void postRow(int row) const { post(list->viewport(), list->visualItemRect(list->item(row))); }
     // Whatever went before: it is stored once and sent once.
     void moveOnce()
     {
