@@ -11,7 +11,9 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDebug>
+#include <QEventLoop>
 #include <QFile>
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -20,6 +22,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSettings>
+#include <QWindow>
 
 namespace
 {
@@ -33,11 +36,17 @@ QString readStyleSheet(const QString& path)
 } // namespace
 
 ViewManager::ViewManager(JsonFile::Access access, QWidget* parent)
-    : ViewManager(nullptr, access, parent)
+    : ViewManager(Splash::AtOnce, nullptr, access, parent)
 {
 }
 
 ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, JsonFile::Access access, QWidget* parent)
+    : ViewManager(Splash::WhenShown, std::move(ports), access, parent)
+{
+}
+
+ViewManager::ViewManager(Splash splash, std::unique_ptr<MidiPorts> ports, JsonFile::Access access,
+                         QWidget* parent)
     : QMainWindow(parent)
     // In this order: each store and handler takes what stands before it.
     , definitions(new Definitions(this))
@@ -72,11 +81,13 @@ ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, JsonFile::Access acce
     setFixedSize(splashWidth, splashHeight);
 
     form.fullPowerViewWidget->hide();
+    form.lowPowerViewWidget->hide();
+    if (splash == Splash::AtOnce)
+        showSplash();
     fullPowerContainer = new QWidget(form.fullPowerViewWidget);
     fullPowerView =
         new FullPowerView(resourcesInAppData, resourcesFolder, sysexManager, presetInterface,
                           globalPresetInterface, settingsDialog, settingsStore, fullPowerContainer);
-    form.lowPowerViewWidget->hide();
 
     setupDialogs();
     setupEventFilters();
@@ -98,6 +109,20 @@ ViewManager::ViewManager(std::unique_ptr<MidiPorts> ports, JsonFile::Access acce
 }
 
 ViewManager::~ViewManager() = default;
+
+// Stands while the views are built, which takes several times as long as all before. The window
+// system alone is heard meanwhile: a poll of the ports would find nobody connected.
+void ViewManager::showSplash()
+{
+    constexpr int patienceMs = 100;
+    constexpr auto windowSystem = QEventLoop::ExcludeUserInputEvents
+        | QEventLoop::ExcludeSocketNotifiers | QEventLoop::X11ExcludeTimers;
+    show();
+    const QDeadlineTimer patience(patienceMs);
+    while (!windowHandle()->isExposed() && !patience.hasExpired())
+        QCoreApplication::processEvents(windowSystem);
+    QCoreApplication::processEvents(windowSystem);
+}
 
 void ViewManager::slotCreateResourcesFolder()
 {

@@ -30,10 +30,11 @@ class ViewManager : public QMainWindow
     Q_OBJECT
 
 public:
-    // presetsAccess: whether the presets' folder is this editor's; in another's nothing is saved.
+    // Shows its splash at once, before the views are built. presetsAccess: whether the presets'
+    // folder is this editor's; in another's nothing is saved.
     explicit ViewManager(JsonFile::Access presetsAccess = JsonFile::Access::Full,
                          QWidget* parent = nullptr);
-    // On other MIDI than the system's.
+    // On other MIDI than the system's; not shown.
     explicit ViewManager(std::unique_ptr<MidiPorts> ports,
                          JsonFile::Access presetsAccess = JsonFile::Access::Full,
                          QWidget* parent = nullptr);
@@ -104,6 +105,11 @@ private slots:
     void slotShowAboutDialog();
 
 private:
+    enum class Splash { AtOnce, WhenShown };
+    ViewManager(Splash splash, std::unique_ptr<MidiPorts> ports, JsonFile::Access presetsAccess,
+                QWidget* parent);
+
+    void showSplash();
     void setupDialogs();
     void setupEventFilters();
     void openFirmwareLog();

@@ -51,6 +51,9 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
     setGeometry(0, 0, widthWithPresets, heightInPixels);
     viewContainer->setGeometry(rect());
     form.setupUi(viewContainer);
+    // While the pages are empty: a page that is made current is shown, and with it all that is on it
+    // is styled, long before anybody sees it.
+    form.mainTabWidget->setCurrentIndex(channelStripPage);
     disableWidget->hide();
     disableWidget->setGeometry(rect());
     disableWidget->setStyleSheet(QStringLiteral("background: rgba(0,0,0,200);"));
@@ -61,7 +64,6 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
     for (QPushButton* tab : {form.surroundTabButton, form.midiTabButton, form.usbTabButton})
         tab->hide();
     form.channelStripTabButton->setChecked(true);
-    form.mainTabWidget->setCurrentIndex(channelStripPage);
 
     setupFaderFrame();
     setupDialogs();
