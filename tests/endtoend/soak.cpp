@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QRandomGenerator>
+#include <QTimer>
 #include <QWindow>
 
 #include <cstdio>
@@ -218,33 +219,34 @@ private:
             .arg(slider ? random.bounded(slider->minimum(), slider->maximum() + 1) : below(2));
     }
 
-    // The user: real presses, which wait in the system's queue until events pass.
+    // The user: presses as from the system
 
-    // Pressed at the first place, let go at the last.
-    void queuePress(QWidget* widget, const QList<QPoint>& path, Qt::KeyboardModifiers keys = {})
+    // Pressed at the first place, let go at the last. Where an unplug has hidden it, nothing.
+    void press(QWidget* widget, const QList<QPoint>& path, Qt::KeyboardModifiers keys = {})
     {
-        const auto queue = [&](QEvent::Type type, QPoint place, Qt::MouseButton held,
-                               Qt::MouseButton button) {
+        const auto deliver = [&](QEvent::Type type, QPoint place, Qt::MouseButton held,
+                                 Qt::MouseButton button) {
             const QPoint local = widget->mapTo(window.get(), place);
             qt_handleMouseEvent(window->windowHandle(), local, window->mapToGlobal(local), held,
                                 button, type, keys, ++mouseTime);
         };
+        if (!widget->isVisible())
+            return;
         mouseTime += 1000; // no double click
-        queue(QEvent::MouseButtonPress, path.first(), Qt::LeftButton, Qt::LeftButton);
+        deliver(QEvent::MouseButtonPress, path.first(), Qt::LeftButton, Qt::LeftButton);
         for (const QPoint& place : path.mid(1))
-            queue(QEvent::MouseMove, place, Qt::LeftButton, Qt::NoButton);
-        queue(QEvent::MouseButtonRelease, path.last(), Qt::NoButton, Qt::LeftButton);
-    }
-    void queueRow()
-    {
-        const QListWidgetItem* item = list()->item(below(list()->count()));
-        list()->scrollToItem(item);
-        queuePress(list()->viewport(), {list()->visualItemRect(item).center()});
+            deliver(QEvent::MouseMove, place, Qt::LeftButton, Qt::NoButton);
+        deliver(QEvent::MouseButtonRelease, path.last(), Qt::NoButton, Qt::LeftButton);
     }
     void press(QWidget* button, Qt::KeyboardModifiers keys = {})
     {
-        queuePress(button, {button->rect().center()}, keys);
-        QCoreApplication::processEvents();
+        press(button, {button->rect().center()}, keys);
+    }
+    void pressRow()
+    {
+        const QListWidgetItem* item = list()->item(below(list()->count()));
+        list()->scrollToItem(item);
+        press(list()->viewport(), {list()->visualItemRect(item).center()});
     }
 
     // Names what the dialog asks for. Where an unplug has closed it, nothing is done.
@@ -287,7 +289,7 @@ private:
         QWidget* widget = anyControl();
         const QPoint centre = widget->rect().center();
         if (qobject_cast<QAbstractSlider*>(widget) != nullptr)
-            queuePress(widget, {centre, centre + QPoint(below(81) - 40, below(81) - 40)});
+            press(widget, {centre, centre + QPoint(below(81) - 40, below(81) - 40)});
         else
             press(widget, chance(40) ? Qt::ShiftModifier : Qt::NoModifier);
         if (qobject_cast<QAbstractSpinBox*>(widget) != nullptr)
@@ -336,12 +338,13 @@ private:
                  command(slot + " recall");
                  sent.remove(slot.back());
              }},
-            {"recall", 10, [this] { queueRow(); }},
+            {"recall", 10, [this] { pressRow(); }},
             {"quick recalls", 6,
              [this] {
-                 queueRow();
-                 queueRow();
-                 press(anyControl());
+                 QWidget* then = anyControl();
+                 QTimer::singleShot(0, this, [this] { pressRow(); }); // in the first one's events
+                 pressRow();
+                 press(then);
              }},
             {"edit menu", 8,
              [=, this] {
