@@ -51,8 +51,8 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
     setGeometry(0, 0, widthWithPresets, heightInPixels);
     viewContainer->setGeometry(rect());
     form.setupUi(viewContainer);
-    // While the pages are empty: a page that is made current is shown, and with it all that is on it
-    // is styled, long before anybody sees it.
+    // While the pages are empty: a page that is made current is shown, and with it all that is on
+    // it is styled, long before anybody sees it.
     form.mainTabWidget->setCurrentIndex(channelStripPage);
     disableWidget->hide();
     disableWidget->setGeometry(rect());
