@@ -114,7 +114,7 @@ ViewManager::~ViewManager() = default;
 // system alone is heard meanwhile: a poll of the ports would find nobody connected.
 void ViewManager::showSplash()
 {
-    constexpr int patienceMs = 100;
+    constexpr int patienceMs = 1000;
     constexpr auto windowSystem = QEventLoop::ExcludeUserInputEvents
         | QEventLoop::ExcludeSocketNotifiers | QEventLoop::X11ExcludeTimers;
     show();
