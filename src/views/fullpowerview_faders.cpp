@@ -51,11 +51,11 @@ void FullPowerView::slotReceiveMainwindowPresetParams(QString jsonName, int valu
 
 void FullPowerView::slotRecallPresets(QVariantMap preset)
 {
-    endMultipleSelection();
     // Each page lets events pass before its recall: what the mixer sends then for one that is not
     // laid yet would be stored, and be overwritten on the screen alone.
     for (ParameterPage* page : parameterPages())
         page->slotDisconnectElements();
+    endMultipleSelection();
     faders->slotRecallPreset(preset);
 }
 

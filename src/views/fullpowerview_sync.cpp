@@ -1,6 +1,7 @@
 // The mixer's live state at a mode entry, its own changes of preset, and what must wait until a
 // recall has ended.
 
+#include "faderframe.h"
 #include "fullpowerview_flow.h"
 #include "parameterpage.h"
 #include "presetinterface.h"
@@ -55,16 +56,16 @@ void FullPowerView::layPresetZero(int entry)
     const bool wasEntering = std::exchange(entering, true);
     const QVariantMap preset = presetInterface->workingPreset(0);
     if (preset.isEmpty()) {
-        slotConnectElements();
         for (ParameterPage* page : parameterPages())
             page->slotConnectElements();
     } else {
-        slotRecallPresets(preset);
-        // Each recall lets events pass, which may end this entry.
+        slotRecallPresets(preset); // the faders
+        // Each recall of another page lets events pass, which may end this entry.
         for (ParameterPage* page : parameterPages()) {
             if (!isCurrent(entry))
                 break;
-            page->slotRecallPreset(preset);
+            if (page != faders)
+                page->slotRecallPreset(preset);
         }
     }
     entering = wasEntering && isCurrent(entry);
