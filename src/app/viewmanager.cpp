@@ -142,12 +142,17 @@ void ViewManager::setupDialogs()
 
     // The settings dialog is placed and hidden like the others; nothing opens it yet.
     settingsDialog->setObjectName(QStringLiteral("settingsDialogForm"));
-    for (QWidget* dialog : {aboutDialog, settingsDialog, demoDialog, fwOutOfDateDialog,
-                            fwProgressDialog, fwForceDialog, fwErrorDialog, restartDialog}) {
-        dialog->hide();
-        placeDialog(dialog, windowWidth, windowHeight);
+    innerDialogs.setSheet(disableWidget);
+    using Escape = InnerDialogs::Escape;
+    for (QWidget* dialog :
+         {aboutDialog, settingsDialog, fwOutOfDateDialog, fwForceDialog, fwErrorDialog})
         innerDialogs.add(dialog);
-    }
+    // A choice that has been made, and what the mixer must end.
+    for (QWidget* dialog : {demoDialog, fwProgressDialog, restartDialog})
+        innerDialogs.add(dialog, Escape::DoesNothing);
+    for (QWidget* dialog : dialogs())
+        placeDialog(dialog, windowWidth, windowHeight);
+    connect(&innerDialogs, SIGNAL(signalClosed()), SLOT(slotHideDisableWidget()));
     aboutDialogForm.setupUi(aboutDialog);
     demoDialogForm.setupUi(demoDialog);
     fwOutOfDateDialogForm.setupUi(fwOutOfDateDialog);
@@ -163,15 +168,6 @@ void ViewManager::setupEventFilters()
         widget->installEventFilter(&toolTipFilter);
         widget->setAttribute(Qt::WA_MacShowFocusRect, false);
     }
-
-    for (QWidget* control : std::initializer_list<QWidget*>{
-             aboutDialogForm.ok, fwErrorDialogForm.cancel, fwErrorDialogForm.update,
-             fwErrorDialogForm.scroll, fwForceDialogForm.update, fwForceDialogForm.cancel,
-             fwOutOfDateDialogForm.cancel, fwOutOfDateDialogForm.update}) {
-        control->installEventFilter(this);
-    }
-    for (QWidget* widget : settingsDialog->findChildren<QWidget*>())
-        widget->installEventFilter(this);
     installEventFilter(this);
 }
 
@@ -197,8 +193,7 @@ void ViewManager::slotConnectInterfaces()
             SIGNAL(signalFindAudioDevicesAfterConnection()));
     connect(this, SIGNAL(signalAppClosing()), sysexManager, SLOT(slotSendSysexCommEndMessage()));
     connect(this, SIGNAL(signalAppClosing()), fullPowerView, SLOT(slotAppClosing()));
-    connect(aboutDialogForm.ok, SIGNAL(clicked()), aboutDialog, SLOT(close()));
-    connect(aboutDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotHideDisableWidget()));
+    connect(aboutDialogForm.ok, SIGNAL(clicked()), &innerDialogs, SLOT(slotCloseDialog()));
 }
 
 bool ViewManager::eventFilter(QObject* watched, QEvent* event)
@@ -206,20 +201,6 @@ bool ViewManager::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Move && watched == this) {
         const QPoint position = static_cast<QMoveEvent*>(event)->pos();
         emit signalReportMainWindowPos(position.x(), position.y());
-    } else if (event->type() == QEvent::KeyPress
-               && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        auto* dialog = qobject_cast<QWidget*>(watched->parent());
-        const QString name = dialog ? dialog->objectName() : QString();
-        if (name.contains(QLatin1String("Dialog"))) {
-            if (name.contains(QLatin1String("fw")) || name.contains(QLatin1String("about"))) {
-                dialog->close();
-                slotHideDisableWidget();
-            } else if (name.contains(QLatin1String("settings"))) {
-                settingsDialog->close();
-                slotHideDisableWidget();
-            }
-        }
-        return true;
     }
     return QMainWindow::eventFilter(watched, event);
 }

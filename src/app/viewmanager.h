@@ -103,6 +103,11 @@ protected:
 private slots:
     void slotFwCheckStarted();
     void slotShowAboutDialog();
+    void slotForceFirmwareUpdate();
+    void slotStartFirmwareUpdate();
+    void slotFirmwareIsOutOfDate();
+    void slotFirmwareFailed(QString message);
+    void slotMixerRestarts();
 
 private:
     enum class Splash { AtOnce, WhenShown };
@@ -111,6 +116,7 @@ private:
 
     void showSplash();
     void setupDialogs();
+    QList<QWidget*> dialogs() const;
     void setupEventFilters();
     void openFirmwareLog();
     void connectFirmwareDialogs();

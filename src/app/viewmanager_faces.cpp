@@ -52,6 +52,12 @@ void ViewManager::placeDialog(QWidget* dialog, int width, int height)
     }
 }
 
+QList<QWidget*> ViewManager::dialogs() const
+{
+    return {aboutDialog,   settingsDialog, fwOutOfDateDialog, fwProgressDialog,
+            fwForceDialog, fwErrorDialog,  demoDialog,        restartDialog};
+}
+
 void ViewManager::slotInitAfterConnection(bool connected)
 {
     if (connected) {
@@ -183,19 +189,16 @@ void ViewManager::slotChangeWindowSize(int width, int height)
 void ViewManager::slotHideDisableWidget()
 {
     QList<QWidget*> open;
-    for (QWidget* dialog : {aboutDialog, settingsDialog, fwOutOfDateDialog, fwProgressDialog,
-                            fwForceDialog, fwErrorDialog, demoDialog, restartDialog}) {
+    for (QWidget* dialog : dialogs())
         if (!dialog->isHidden())
             open.append(dialog);
-    }
     if (open.isEmpty()) {
         disableWidget->close();
     } else if (open.size() == 1) {
         open.first()->raise();
     } else {
         // Above them all: this order is the wanted one.
-        disableWidget->show();
-        disableWidget->raise();
+        innerDialogs.coverAll();
     }
 }
 
@@ -223,11 +226,7 @@ void ViewManager::slotEnterDemoMode()
     // However often it is asked for, the button enters once.
     for (const char* slot : {SLOT(slotCloseDemoDialog()), SLOT(slotInitFullPowerView())})
         connect(demoDialogForm.ok, SIGNAL(clicked()), this, slot, Qt::UniqueConnection);
-    disableWidget->show();
-    disableWidget->raise();
-    demoDialog->show();
-    demoDialog->raise();
-    demoDialogForm.ok->setFocus(Qt::OtherFocusReason);
+    innerDialogs.open(demoDialog, demoDialogForm.ok);
 }
 
 void ViewManager::slotCloseDemoDialog()

@@ -77,52 +77,57 @@ VersionText findVersion(const QString& text, const QString& mark, qsizetype from
 
 void ViewManager::connectFirmwareDialogs()
 {
-    const auto showAboveSheet = [this](const QObject* sender, const char* signal, QWidget* dialog) {
-        connect(sender, signal, disableWidget, SLOT(show()));
-        connect(sender, signal, disableWidget, SLOT(raise()));
-        connect(sender, signal, dialog, SLOT(show()));
-        connect(sender, signal, dialog, SLOT(raise()));
+    for (QPushButton* button :
+         {fwOutOfDateDialogForm.cancel, fwOutOfDateDialogForm.update, fwForceDialogForm.cancel,
+          fwForceDialogForm.update, fwErrorDialogForm.cancel, fwErrorDialogForm.update})
+        connect(button, SIGNAL(clicked()), &innerDialogs, SLOT(slotCloseDialog()));
+    const struct {
+        QObject* sender;
+        const char* signal;
+        const char* slot;
+    } rows[]{
+        {sysexManager, SIGNAL(signalOpenFwOOD()), SLOT(slotFirmwareIsOutOfDate())},
+        {sysexManager, SIGNAL(signalFwError(QString)), SLOT(slotFirmwareFailed(QString))},
+        {sysexManager, SIGNAL(signalOpenRestartDialog()), SLOT(slotMixerRestarts())},
+        {fwOutOfDateDialogForm.update, SIGNAL(clicked()), SLOT(slotStartFirmwareUpdate())},
+        {fwForceDialogForm.update, SIGNAL(clicked()), SLOT(slotStartFirmwareUpdate())},
     };
-    const auto closeBy = [this](const QObject* sender, const char* signal, QWidget* dialog) {
-        connect(sender, signal, dialog, SLOT(close()));
-        connect(sender, signal, this, SLOT(slotHideDisableWidget()));
-    };
-    const auto startUpdateBy = [this, &showAboveSheet](const QPushButton* button, QWidget* dialog) {
-        connect(button, SIGNAL(clicked()), sysexManager, SLOT(slotDidAttemptFwUpdate()));
-        connect(button, SIGNAL(clicked()), dialog, SLOT(close()));
-        showAboveSheet(button, SIGNAL(clicked()), fwProgressDialog);
-        connect(button, SIGNAL(clicked()), sysexManager, SIGNAL(signalUpdateFirmware()));
-    };
-
-    showAboveSheet(sysexManager, SIGNAL(signalOpenFwOOD()), fwOutOfDateDialog);
-    connect(sysexManager, SIGNAL(signalOpenFwOOD()), fwOutOfDateDialogForm.update,
-            SLOT(setFocus()));
-    closeBy(fwOutOfDateDialogForm.cancel, SIGNAL(clicked()), fwOutOfDateDialog);
-    startUpdateBy(fwOutOfDateDialogForm.update, fwOutOfDateDialog);
-
-    startUpdateBy(fwForceDialogForm.update, fwForceDialog);
-    closeBy(fwForceDialogForm.cancel, SIGNAL(clicked()), fwForceDialog);
-
-    connect(sysexManager, SIGNAL(signalOpenRestartDialog()), fwProgressDialog, SLOT(hide()));
-    connect(sysexManager, SIGNAL(signalOpenRestartDialog()), fwProgressDialog, SLOT(close()));
-    connect(sysexManager, SIGNAL(signalOpenRestartDialog()), restartDialog, SLOT(show()));
-    connect(sysexManager, SIGNAL(signalOpenRestartDialog()), restartDialog, SLOT(raise()));
-    closeBy(sysexManager, SIGNAL(signalCloseRestartDialog()), restartDialog);
-
-    connect(sysexManager, SIGNAL(signalFwError(QString)), fwOutOfDateDialog, SLOT(close()));
-    connect(sysexManager, SIGNAL(signalFwError(QString)), fwProgressDialog, SLOT(close()));
-    connect(sysexManager, SIGNAL(signalFwError(QString)), fwProgressDialogForm.progressBar,
-            SLOT(reset()));
-    connect(sysexManager, SIGNAL(signalFwError(QString)), fwErrorDialog, SLOT(show()));
-    connect(sysexManager, SIGNAL(signalFwError(QString)), fwErrorDialog, SLOT(raise()));
-    connect(sysexManager, SIGNAL(signalFwError(QString)), fwErrorDialogForm.errorMsg,
-            SLOT(setText(QString)));
-    connect(sysexManager, SIGNAL(signalFwError(QString)), fwErrorDialogForm.update,
-            SLOT(setFocus()));
-    closeBy(fwErrorDialogForm.cancel, SIGNAL(clicked()), fwErrorDialog);
+    for (const auto& row : rows)
+        connect(row.sender, row.signal, row.slot);
+    connect(sysexManager, SIGNAL(signalCloseRestartDialog()), restartDialog, SLOT(close()));
+    connect(sysexManager, SIGNAL(signalCloseRestartDialog()), SLOT(slotHideDisableWidget()));
     connect(fwErrorDialogForm.update, SIGNAL(clicked()), sysexManager,
             SLOT(slotSendRestartMessage()));
-    closeBy(fwErrorDialogForm.update, SIGNAL(clicked()), fwErrorDialog);
+}
+
+void ViewManager::slotFirmwareIsOutOfDate()
+{
+    innerDialogs.open(fwOutOfDateDialog, fwOutOfDateDialogForm.update);
+}
+
+void ViewManager::slotStartFirmwareUpdate()
+{
+    sysexManager->slotDidAttemptFwUpdate();
+    innerDialogs.open(fwProgressDialog, fwProgressDialog);
+    emit sysexManager->signalUpdateFirmware();
+}
+
+void ViewManager::slotMixerRestarts()
+{
+    fwProgressDialog->close();
+    restartDialog->show();
+    restartDialog->raise();
+}
+
+void ViewManager::slotFirmwareFailed(QString message)
+{
+    fwOutOfDateDialog->close();
+    fwProgressDialog->close();
+    fwProgressDialogForm.progressBar->reset();
+    fwErrorDialogForm.errorMsg->setText(message);
+    fwErrorDialog->show();
+    fwErrorDialog->raise();
+    fwErrorDialogForm.update->setFocus();
 }
 
 void ViewManager::openFirmwareLog()

@@ -43,14 +43,7 @@ void ViewManager::slotInitMenuBar()
 
     forceFirmwareUpdateAct = hardwareMenu->addAction(QStringLiteral("Force Firmware Update"));
     forceFirmwareUpdateAct->setEnabled(false);
-    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), disableWidget, SLOT(show()));
-    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), disableWidget, SLOT(raise()));
-    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), fwForceDialog, SLOT(show()));
-    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), fwForceDialog, SLOT(raise()));
-    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), fwForceDialogForm.update,
-            SLOT(setFocus()));
-    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), fwProgressDialogForm.progressBar,
-            SLOT(reset()));
+    connect(forceFirmwareUpdateAct, SIGNAL(triggered()), this, SLOT(slotForceFirmwareUpdate()));
 
     helpMenu->addAction(QStringLiteral("About JSum Editor"), this, SLOT(slotShowAboutDialog()));
     helpMenu->addAction(QStringLiteral("Documentation..."), this, SLOT(slotOpenDoc()));
@@ -116,14 +109,13 @@ void ViewManager::slotClearGlobalPreset()
         fullPowerView->slotEnableViewChanging(true);
 }
 
-void ViewManager::slotShowAboutDialog()
+void ViewManager::slotForceFirmwareUpdate()
 {
-    disableWidget->show();
-    disableWidget->raise();
-    aboutDialog->show();
-    aboutDialog->raise();
-    aboutDialogForm.ok->setFocus();
+    innerDialogs.open(fwForceDialog, fwForceDialogForm.update);
+    fwProgressDialogForm.progressBar->reset();
 }
+
+void ViewManager::slotShowAboutDialog() { innerDialogs.open(aboutDialog, aboutDialogForm.ok); }
 
 void ViewManager::slotOpenDoc()
 {

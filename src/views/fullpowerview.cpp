@@ -1,18 +1,23 @@
 #include "fullpowerview.h"
 
+#include "channelselector.h"
 #include "channelstrip.h"
 #include "channelstriptab.h"
 #include "copypastehandler.h"
+#include "editedbox.h"
 #include "faderframe.h"
-#include "globalpresetinterface.h"
 #include "mainsstrip.h"
 #include "pagestyle.h"
 #include "phonesstrip.h"
+#include "presetdrawer.h"
 #include "presetinterface.h"
+#include "progressbox.h"
 #include "reverbtabform.h"
+#include "selectalldoublespinbox.h"
 #include "setlist.h"
-#include "sysexmanager.h"
+#include "slottransfer.h"
 #include "tablefilereader.h"
+#include "tablelookup.h"
 
 #include <QDebug>
 #include <QPushButton>
@@ -40,6 +45,7 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
     , copyPasteHandler(new CopyPasteHandler(presets, this))
     , viewContainer(new QWidget(this))
     , disableWidget(new QWidget(this))
+    , mode(presets)
 {
     setObjectName(QStringLiteral("fullPowerView"));
     setStyleSheet(pageStyleSheet());
@@ -57,23 +63,19 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
     disableWidget->hide();
     disableWidget->setGeometry(rect());
     disableWidget->setStyleSheet(QStringLiteral("background: rgba(0,0,0,200);"));
+    innerDialogs.setSheet(disableWidget);
 
-    channelStripTab = new ChannelStripTab(form.channelStripTab);
-    reverbTabForm = new ReverbTabForm(form.reverbTab);
+    pageWires = std::make_unique<PageWires>(this, presetInterface, sysexManager, makePages());
     // Their pages are still empty.
     for (QPushButton* tab : {form.surroundTabButton, form.midiTabButton, form.usbTabButton})
         tab->hide();
     form.channelStripTabButton->setChecked(true);
-
-    setupFaderFrame();
-    setupDialogs();
+    makeRooms();
 
     const TableFileReader reader;
     phonesDisplayTable = reader.readDoubleTable(QStringLiteral("phonesDisplayTable.txt"));
     phonesSysexSendTable = reader.readIntTable(QStringLiteral("phonesSysexSendTable.txt"));
 
-    form.deletepreset->setEnabled(presetInterface->presetCount() >= 2);
-    setlist->slotInitComponents(form.setlistMenus);
     connect(form.presetlist, SIGNAL(signalNewPresetList()), this, SIGNAL(signalNewPresetList()));
     slotInitSpinboxTextColor(dimText);
     makeInterfaceWires();
@@ -84,127 +86,187 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
 
 FullPowerView::~FullPowerView() = default;
 
-void FullPowerView::setupFaderFrame()
+// The faders first: the view's own recall comes before those of the other pages.
+QList<ParameterPage*> FullPowerView::makePages()
 {
+    channelStripTab = new ChannelStripTab(form.channelStripTab);
+    reverbTabForm = new ReverbTabForm(form.reverbTab);
     faders = new FaderFrame(form.faderGroupBox, channelStripTab->selection());
     for (const char* own :
          {SIGNAL(signalStoreValue(QString, QVariant, int)), SIGNAL(signalCheckSavedState(int)),
           SIGNAL(signalSendPresetParameter(QString, int))})
         connect(faders, own, this, own);
-    selectButtons = faders->findChildren<QPushButton*>();
-    const QString first = channels::selectName(1);
-    selectButton(first)->setChecked(true);
-    setSelectedChannels({first});
-}
 
-QList<ParameterPage*> FullPowerView::parameterPages() const
-{
     QList<ParameterPage*> pages{faders};
     for (ChannelStrip* strip : channelStripTab->channelStrips())
         pages.append(strip);
-    pages += {channelStripTab->mainsStrip(), channelStripTab->phonesStrip(), reverbTabForm};
-    return pages;
+    return pages << channelStripTab->mainsStrip() << channelStripTab->phonesStrip()
+                 << reverbTabForm;
 }
 
-// A mode entry
-
-bool FullPowerView::slotInitializeFullPowerMode()
+void FullPowerView::makeRooms()
 {
-    const int entry = ++modeEntry;
-    modeActive = true;
-    restFlows();
-    for (QWidget* widget : filteredWidgets())
-        widget->installEventFilter(this);
-    slotConnectInterfaces();
-    slotConnectMenuItems();
-    // A recall that the last mode's end cut short left it locked.
-    form.presetlist->setEnabled(true);
-    connect(this, SIGNAL(signalPopulatePresetMenu(ReorderableListWidget*)), presetInterface,
-            SLOT(slotPopulatePresetMenu(ReorderableListWidget*)), Qt::UniqueConnection);
-    presetInterface->slotSetSyncStatus(false);
-    emit signalPopulatePresetMenu(form.presetlist);
-    setlist->slotRecallSetlist();
+    selector = new ChannelSelector(this, mode, faders, channelStripTab, reverbTabForm,
+                                   copyPasteHandler, form.channelStripTabButton);
+    drawer = new PresetDrawer(this, mode, form, presetInterface, setlist, &innerDialogs);
+    transfer = new SlotTransfer(this, {mode, form, innerDialogs, *pageWires, *drawer, *selector},
+                                sysexManager, presetInterface, setlist, settingsStore);
+    connect(&innerDialogs, SIGNAL(signalClosed()), SLOT(slotHideDisableWidget()));
+    connect(transfer->progress(), SIGNAL(signalClosed()), SLOT(slotHideDisableWidget()));
+    const char* saveAs = SIGNAL(signalSaveAs(QString, bool, bool));
+    connect(drawer, saveAs, saveAs);
+    connect(transfer, saveAs, saveAs);
+    const char* timeout = SIGNAL(signalStartLiveMemoryTimeout(int));
+    connect(drawer, timeout, timeout);
+    const char* channel = SIGNAL(signalSelectChannelView(int));
+    connect(selector, channel, channel);
+}
+
+// The preset drawer
+
+void FullPowerView::slotSavePreset() { presetInterface->slotSavePreset(-1); }
+void FullPowerView::slotSaveAs() { drawer->saveAs(); }
+void FullPowerView::slotDeletePreset() { drawer->deletePreset(); }
+void FullPowerView::slotRename() { drawer->rename(); }
+void FullPowerView::slotReorderPresetList() { drawer->reorder(); }
+void FullPowerView::slotEnablePresetButtons(bool enabled) { drawer->setButtonsEnabled(enabled); }
+void FullPowerView::slotSetPresetMenu(int presetNum) { drawer->select(presetNum); }
+void FullPowerView::slotPopulateSetlistMenus() { drawer->populateSetlistMenus(); }
+void FullPowerView::slotPopulateSetlistMenusAfterDelete()
+{
+    drawer->populateSetlistMenusAfterDelete();
+}
+void FullPowerView::slotCheckToAllowRename(QListWidgetItem* presetItem)
+{
+    drawer->checkToAllowRename(presetItem);
+}
+void FullPowerView::slotDisplaySaveState(int presetNum, bool dirty)
+{
+    drawer->displaySaveState(presetNum, dirty);
+}
+void FullPowerView::slotMoveLiveMemoryHelpIcon(bool scrollBarIsShowing)
+{
+    drawer->moveLiveMemoryHelpIcon(scrollBarIsShowing);
+}
+void FullPowerView::slotHideLiveMemoryHelpIcon(bool hide)
+{
+    form.liveMemoryHelpButton->setVisible(!hide);
+}
+void FullPowerView::slotSetDeleteEnabled(bool enabled) { form.deletepreset->setEnabled(enabled); }
+
+void FullPowerView::slotPopulatePresetMenu()
+{
+    drawer->populate();
     showAvailability();
-    slotSetPreferences();
-    if (!isCurrent(entry))
-        return false;
-    if (!demoModeEnabled) {
-        slotDisconnectToSysexPresetSending();
-        emit signalDisconnectGlobalSysex();
-        disconnectStoreSending();
-    }
-    connectPhantom(demoModeEnabled);
-    globalPresetInterface->slotRecallGlobal();
-    selectRow(0);
-    if (!isCurrent(entry))
-        return false;
-    checkAllSaveStates();
-    if (!demoModeEnabled) {
-        layPresetZero(entry);
-        if (!isCurrent(entry))
-            return false;
-        connectStoreSending();
-        liveMemoryAsked = true;
-        sysexManager->slotSendSinglePresetRequest(0, false);
-    }
-    emit signalFindAudioDeviceNames();
-    return true;
 }
 
-void FullPowerView::slotDeInitializeFullPowerMode()
+// View and panel are not linked while presets change.
+void FullPowerView::slotSetPresetListWidgetEnableState(bool enabled)
 {
-    // What is typed goes, while the wires are there, to the preset it is meant for, or to nobody.
-    slotCommitEditedBox();
-    for (QWidget* dialog : dialogs())
-        closeDialog(dialog);
-    modeActive = false;
-    ++modeEntry;
-    endMultipleSelection();
-    for (QWidget* widget : filteredWidgets())
-        widget->removeEventFilter(this);
-    presetInterface->slotSetSyncStatus(false);
-    slotDisconnectInterfaces();
-    // What the mixer's panel says of a mode that is over must check no button of the next.
-    slotEnableViewChanging(false);
-    slotDisconnectMenuItems();
-    disconnect(this, SIGNAL(signalPopulatePresetMenu(ReorderableListWidget*)), presetInterface,
-               SLOT(slotPopulatePresetMenu(ReorderableListWidget*)));
-    restFlows();
-    closeProgress();
+    if (!enabled || isViewLinkingStored())
+        slotEnableViewChanging(enabled);
+    drawer->setListEnabled(enabled);
 }
 
-void FullPowerView::slotAppClosing()
+// The slots of the mixer
+
+void FullPowerView::slotUpdateSendsAndReceives(bool enabled, QChar setlistLetter)
 {
-    modeActive = false;
-    ++modeEntry;
-    presetInterface->slotSetSyncStatus(false); // a recall under way ends here
+    transfer->updateSendsAndReceives(enabled, setlistLetter);
+}
+void FullPowerView::slotSendSinglePreset() { transfer->sendSlotOf(sender()); }
+void FullPowerView::slotSendAllPresets() { transfer->sendAll(); }
+void FullPowerView::slotSendPreset(int setlistNumber, QString presetName, bool recallCurrent)
+{
+    transfer->sendPreset(setlistNumber, presetName, recallCurrent);
+}
+void FullPowerView::slotAssessReceiveDecision() { transfer->assessReceiveDecision(sender()); }
+void FullPowerView::slotReceiveSinglePreset() { transfer->receiveSlotOf(sender()); }
+void FullPowerView::slotReceiveAllPresets() { transfer->receiveAllFromDialog(); }
+void FullPowerView::slotReceiveSinglePresetComplete(int slotNum, bool save)
+{
+    transfer->completeSlot(slotNum, save);
+}
+void FullPowerView::slotPresetIsReadyToReceive() { transfer->presetIsReady(); }
+void FullPowerView::slotRecallPresetSilently(int presetLibraryNumber)
+{
+    transfer->recallSilently(presetLibraryNumber);
+}
+void FullPowerView::slotDoneWaitingForReconnectOnSilentRecall() { transfer->silentRecallIsDone(); }
+
+// The channel selection
+
+const QStringList& FullPowerView::selectedChannels() const { return selector->selectedChannels(); }
+void FullPowerView::slotSelectChannelView() { selector->select(sender()); }
+void FullPowerView::slotShiftSelect(int selectedChannel) { selector->shiftSelect(selectedChannel); }
+void FullPowerView::slotShiftDeSelect(int deselectedChannel)
+{
+    selector->shiftDeselect(deselectedChannel);
+}
+void FullPowerView::slotDeselectMultiple() { selector->deselectMultiple(); }
+void FullPowerView::slotConnectSelected(QString lastSelectedButton, QString newlyAddedButton)
+{
+    selector->setLinked(lastSelectedButton, newlyAddedButton, true);
+}
+void FullPowerView::slotDisconnectSelected(QString lastSelectedButton, QString newlyAddedButton)
+{
+    selector->setLinked(lastSelectedButton, newlyAddedButton, false);
 }
 
-void FullPowerView::restFlows()
+// The pages, and the fader frame among them
+
+void FullPowerView::slotConnectElements() { faders->slotConnectElements(); }
+void FullPowerView::slotDisconnectElements() { faders->slotDisconnectElements(); }
+void FullPowerView::slotConnectToSysexPresetSending() { pageWires->setSending(true); }
+void FullPowerView::slotDisconnectToSysexPresetSending() { pageWires->setSending(false); }
+// The faders store by themselves, and the dialogs look after their names.
+void FullPowerView::slotValueChanged() { emit signalCheckSavedState(-1); }
+void FullPowerView::slotSendSysexPresetParameter() { faders->slotSendSysexParameter(); }
+void FullPowerView::slotReceiveMainwindowPresetParams(QString jsonName, int value)
 {
-    entering = false;
-    liveMemoryAsked = false;
-    syncComplete = false;
-    receivingAllPresets = false;
-    presetReadyToReceive = false;
-    waitingForSilentRecall = false;
-    requestedSlot = -1;
-    freshSlotEnds = 0;
-    waitingActions.clear();
+    faders->slotReceiveFaderParams(jsonName, value);
+}
+void FullPowerView::slotLinkFadertoSpinbox(int value) { faders->slotLinkDialToSpinbox(value); }
+void FullPowerView::slotLinkSpinboxtoFader(double value)
+{
+    faders->slotLinkDoubleSpinboxtoDial(value);
+}
+int FullPowerView::slotFindTableValueFromSpinboxValue(double value, QString objName,
+                                                      QList<double> table)
+{
+    return faders->slotFindTableValueFromSpinboxValue(value, objName, table);
+}
+int FullPowerView::slotFindTableValueFromReceivedSysex(int value, QList<int> table)
+{
+    return findInTable(table, value).index;
 }
 
-void FullPowerView::slotSetDemoModeEnabled(bool enabled)
+void FullPowerView::slotRecallPresets(QVariantMap preset)
 {
-    qDebug() << "demo mode enabled?" << enabled;
-    demoModeEnabled = enabled;
-    setlist->slotSetDemoModeEnabled(enabled);
-    for (QToolButton* button : {form.send_all, form.receive_all, form.saveas})
-        button->setEnabled(!enabled);
-    // These three come back with the next selection of a preset, not here.
-    if (enabled) {
-        for (QToolButton* button : {form.save, form.revert, form.deletepreset})
-            button->setEnabled(false);
-    }
+    // Each page lets events pass before its recall: what the mixer sends then for one that is not
+    // laid yet would be stored, and be overwritten on the screen alone.
+    for (ParameterPage* page : pageWires->pages())
+        page->slotDisconnectElements();
+    selector->endMultipleSelection();
+    faders->slotRecallPreset(preset);
+}
+
+void FullPowerView::slotInitSpinboxTextColor(int brightness)
+{
+    const auto boxes = form.faderGroupBox->findChildren<SelectAllDoubleSpinbox*>();
+    for (SelectAllDoubleSpinbox* box : boxes)
+        box->slotSetTextColorBrightness(brightness);
+}
+
+// The sheet and the drawer's width
+
+// The progress box is not counted.
+void FullPowerView::slotHideDisableWidget()
+{
+    if (innerDialogs.isAnyOpen())
+        innerDialogs.coverAll();
+    else
+        disableWidget->close();
 }
 
 void FullPowerView::slotShowPresets(bool show)

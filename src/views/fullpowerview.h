@@ -1,39 +1,43 @@
 #pragma once
 
-#include "channelselection.h"
 #include "forms/fullpowerform.h"
-#include "forms/viewdialogs.h"
 #include "innerdialogs.h"
-#include "wires.h"
+#include "modeentry.h"
+#include "pagewires.h"
 
 #include <QList>
 #include <QStringList>
 #include <QVariantMap>
 #include <QWidget>
 
-#include <functional>
+#include <memory>
 
+class ChannelSelector;
 class ChannelStripTab;
 class CopyPasteHandler;
 class FaderFrame;
 class GlobalPresetInterface;
 class ParameterPage;
+class PresetDrawer;
 class PresetInterface;
-class QAbstractButton;
 class QAction;
-class QKeyEvent;
-class QLineEdit;
 class QListWidgetItem;
 class QMouseEvent;
+class QPushButton;
 class QSettings;
+class QToolButton;
 class ReverbTabForm;
-class SelectAllDoubleSpinbox;
 class Setlist;
+class SlotTransfer;
 class SysexManager;
 
 // The full-power face: the pages of the channels and the reverb, the faders, the preset drawer with
 // the setlist, and what goes to and from the mixer's slots. ViewManager owns it and enters and
 // leaves its mode each time the mixer comes and goes.
+//
+// It is the front of four rooms: ModeEntry (how far an entry is, and what waits), PresetDrawer,
+// SlotTransfer and ChannelSelector. The slots here forward to them, and what joins them stands
+// here: the wiring, the order of a mode entry, the tabs, phantom power, preferences and Edit menu.
 //
 // Every control of a preset has two wires that are cut apart: the store wire to the preset store
 // and the send wire to the mixer. A recall or a value from the mixer moves a control with one or
@@ -190,123 +194,43 @@ signals:
 private slots:
     // Ends the typing of a number, which then counts.
     static void slotCommitEditedBox();
-    void slotOpenSaveAs();
-    void slotOpenReceiveAll();
-    void slotOpenLiveMemoryHelp();
-    void slotConfirmDelete();
-    // Closes the dialog of the button that was pressed.
-    void slotCloseDialog();
-    void slotSelectionMoved(int row);
     // Into the preset that the controls show: presetNum as in the store's slots of like names.
     void slotStoreShownValue(QString name, QVariant value, int presetNum);
     void slotCheckShownState(int presetNum);
-    void slotReceiveChoice();
     // Of the global parameters those that the strips show.
     void slotShowGlobals(QVariantMap globals);
     void slotReceiveGlobalParams(QString name, int value);
     void slotStorePhantom(QString name, int value);
 
 private:
-    class Flow;
-    // What can wait for the end of a recall, one of a kind: a newer one takes an older one's place,
-    // so that a mixer that talks without end fills no list.
-    enum class Waiting { SyncComplete, PresetChange, SlotEnd, AskedSlotEnd, Transfer };
-    struct WaitingAction {
-        Waiting kind;
-        std::function<void()> action;
-    };
-    struct ReceiveRequest {
-        QChar letter;
-        bool isNew = false;
-        QString typedName{};
-    };
-
-    // Construction
-    void setupDialogs();
-    void setupFaderFrame();
-    void placeDialog(QWidget* dialog, const QRect& place);
-    QList<QWidget*> dialogs() const; // all but the progress box
-    QList<QLineEdit*> nameEdits() const;
+    QList<ParameterPage*> makePages();
+    void makeRooms();
     QList<QWidget*> filteredWidgets() const;
     bool filterPress(QWidget* watched, const QMouseEvent* event);
-    bool filterKey(QWidget* watched, const QKeyEvent* event);
 
     // Wiring
     void makeInterfaceWires();
     void addPageWires();
     void addPresetWires();
-    void addDialogWires();
+    void addDrawerWires();
+    void addTransferWires();
     void addSelectionWires();
-    QList<ParameterPage*> parameterPages() const;
-    // The three from the preset store by which a recall sends, and the one by which it shows.
-    void connectStoreSending() const;
-    void disconnectStoreSending() const;
+    QList<Wire> menuWires();
+
+    // Mode entry
+    void layPresetZero();
+    void showAvailability();
+    int shownPreset(int presetNum) const;
     Wire phantomWire();
     void connectPhantom(bool connected);
     void showPhantom(const QString& key, int value);
-    void layPresetZero(int entry);
 
-    void limitName(QLineEdit* edit);
-
-    // Selection
-    void setSelectedChannels(const QStringList& names);
-    QPushButton* selectButton(const QString& name) const;
-    bool isOutputSelected() const;
-    bool isSelectingTogether(int channel) const;
-    void selectAlone(QPushButton* button);
-    void selectTogether(int channel);
-    void deselect(QPushButton* button, int channel);
-    void uncheckQuietly(QPushButton* button);
-    void showChannelOf(const QString& selectName);
-    // Before a whole preset is laid on the controls: linked ones would move each other.
-    void endMultipleSelection();
-    bool isStereo(int channel) const;
     // To the mixer, while its panel and the editor follow each other.
+    bool isViewLinkingStored() const;
     Wire modeWire();
     Wire channelSelectWire();
-    QList<Wire> selectionWires(const QString& older, const QString& newer) const;
-
-    // Presets
-    void selectRow(int row);
-    void selectRowWithoutRecall(int row);
-    void checkAllSaveStates();
-    void showAvailability();
-    // Where a preset is that was in that row; -1 if it is gone. A library may hold two of one name.
-    int rowOf(const QString& name, int row) const;
-    static QString libraryLimit();
-    void openDialog(QWidget* dialog, QWidget* focus);
-    void closeDialog(QWidget* dialog);
-    bool isDialogOpen() const;
-    bool isViewLinkingStored() const;
-    QList<Wire> menuWires();
-
-    // Flows
-    bool isCurrent(int entry) const { return modeActive && entry == modeEntry; }
-    // Whether what is touched reaches the mixer, or the demo: not before its live state is here.
-    bool isLive() const { return demoModeEnabled || syncComplete; }
-    int shownPreset(int presetNum) const { return presetNum == -1 && !isLive() ? 0 : presetNum; }
-    // Events inside a recall bring what must wait until it has ended.
-    bool isRecalling() const;
-    void runLater(Waiting kind, const std::function<void()>& action);
-    void runWaiting();
-    void runWaitingSoon();
-    void showProgress(const QString& text);
-    void closeProgress();
-    void lockInput(bool lock);
-    void requestSlot(int slotNum, bool save);
-    void sendSlot(QChar letter);
-    void receiveSlot(const ReceiveRequest& request);
-    void receiveAll(const QString& prefix);
-    void takeSlotEnd(int slotNum, bool save);
-    void openReceiveAs(QChar letter);
-    bool canReceiveNew() const;
-    void giveUpReceiving();
-    void receiveNew(const Flow& flow, QChar letter, const QString& name);
-    void receiveInto(const Flow& flow, QChar letter, const QString& name);
-    void pauseMixer(bool paused);
-    bool pauseAfterSlot(const Flow& flow);
-    bool receiveSlotAsNew(const Flow& flow, int slot, const QString& prefix);
-    void restFlows();
+    void connectPreferences();
+    QVariant preference(const QString& key, const QVariant& fallback);
 
     QSettings* const settingsStore;
     SysexManager* const sysexManager;
@@ -316,30 +240,20 @@ private:
     Setlist* setlist = nullptr;
     CopyPasteHandler* copyPasteHandler = nullptr;
     QWidget* viewContainer = nullptr;
+    QWidget* disableWidget = nullptr;
+    FullPowerForm form;
+    InnerDialogs innerDialogs{this};
+    ViewMode mode;
+
     ChannelStripTab* channelStripTab = nullptr;
     ReverbTabForm* reverbTabForm = nullptr;
     FaderFrame* faders = nullptr;
+    std::unique_ptr<PageWires> pageWires;
+    QList<Wire> interfaceWires;
 
-    QWidget* disableWidget = nullptr;
-    QWidget* progressWidget = nullptr;
-    QWidget* saveAsDialog = nullptr;
-    QWidget* deleteDialog = nullptr;
-    QWidget* receivePresetDialog = nullptr;
-    QWidget* receiveAsDialog = nullptr;
-    QWidget* receiveAllDialog = nullptr;
-    QWidget* renameDialog = nullptr;
-    QWidget* liveMemoryHelpDialog = nullptr;
-    InnerDialogs innerDialogs{this};
-
-    FullPowerForm form;
-    ProgressDialogForm progressForm;
-    SaveAsDialogForm saveAsForm;
-    DeleteDialogForm deleteForm;
-    ReceivePresetDialogForm receivePresetForm;
-    ReceiveAsDialogForm receiveAsForm;
-    ReceiveAllDialogForm receiveAllForm;
-    RenameDialogForm renameForm;
-    ConnectionSyncDialogForm connectionSyncForm;
+    PresetDrawer* drawer = nullptr;
+    ChannelSelector* selector = nullptr;
+    SlotTransfer* transfer = nullptr;
 
     QAction* clearPresetAct = nullptr;
     QAction* copyPresetAct = nullptr;
@@ -353,42 +267,6 @@ private:
     QList<double> phonesDisplayTable;
     QList<int> phonesSysexSendTable;
 
-    QList<QPushButton*> selectButtons;
-    QList<Wire> interfaceWires;
-    QList<Wire> storeSendingWires;
-    QList<Wire> recallWires;
-
-    bool presetSendWireConnected = false;
-    bool shiftSelectActive = false;
     bool shiftSoloActive = false;
     bool auxTabsLocked = false;
-    bool demoModeEnabled = false;
-
-    // The number of the mode entry that the view is in, or was in last.
-    int modeEntry = 0;
-    bool modeActive = false;
-    bool entering = false;
-    // An end marker from before this entry's request tells of an older live state.
-    bool liveMemoryAsked = false;
-    bool syncComplete = false;
-    bool inputLocked = false;
-    QList<WaitingAction> waitingActions;
-
-    bool presetReadyToReceive = false;
-    bool waitingForSilentRecall = false;
-    bool receivingAllPresets = false;
-    int receivedSlotNumber = 0;
-    // Slot ends that nobody asked for, recalled just now.
-    int freshSlotEnds = 0;
-    // The slot whose end marker may ask for a save.
-    int requestedSlot = -1;
-    // A send that was broken off leaves it so.
-    bool mixerPaused = false;
-
-    // By name.
-    QStringList dirtyPresets;
-    bool dirtyPresetInSetlist = false;
-    // Which preset the open save-as, rename or delete dialog is about.
-    QString dialogPreset;
-    int dialogRow = -1;
 };

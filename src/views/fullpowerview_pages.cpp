@@ -1,22 +1,15 @@
 // Which page is shown, and whether the mixer's panel shows the same one.
 
+#include "channelselector.h"
 #include "fullpowerview.h"
+#include "modes.h"
 #include "sysexmanager.h"
 
 #include <QPushButton>
-#include <QScopedValueRollback>
+#include <QSettings>
 #include <QStackedWidget>
 
 #include <algorithm>
-
-namespace
-{
-
-constexpr int reverbMode = 5;
-constexpr int surroundMode = 6;
-constexpr int phonesMode = 13;
-
-} // namespace
 
 void FullPowerView::slotChangeTabViews()
 {
@@ -34,12 +27,11 @@ void FullPowerView::slotChangeTabViews()
         std::distance(std::begin(tabs), std::find(std::begin(tabs), std::end(tabs), tab));
     form.mainTabWidget->setCurrentIndex(static_cast<int>(page));
     if (tab == form.surroundTabButton && auxTabsLocked)
-        emit signalSendTabViewSysex(surroundMode);
-    else if (tab == form.channelStripTabButton
-             && selectButton(channels::selectName(channels::phones))->isChecked())
-        emit signalSendTabViewSysex(phonesMode);
+        emit signalSendTabViewSysex(static_cast<int>(sysex::Mode::Surround));
+    else if (tab == form.channelStripTabButton && selector->isSelected(channels::phones))
+        emit signalSendTabViewSysex(static_cast<int>(sysex::Mode::Phones));
     else if (tab == form.reverbTabButton)
-        emit signalSendTabViewSysex(reverbMode);
+        emit signalSendTabViewSysex(static_cast<int>(sysex::Mode::Reverb));
     for (QPushButton* other : tabs) {
         if (other == tab)
             continue;
@@ -84,8 +76,8 @@ void FullPowerView::slotEnableViewChanging(bool enabled)
     set({sysexManager, SIGNAL(signalChannelSelect(int)), this,
          SLOT(slotSelectChannelViewFromSysex(int))},
         enabled);
-    set(modeWire(), enabled && isLive());
-    set(channelSelectWire(), enabled && isLive());
+    set(modeWire(), enabled && mode.isLive());
+    set(channelSelectWire(), enabled && mode.isLive());
 }
 
 void FullPowerView::slotSetAuxTabLocking(bool locked)
@@ -97,7 +89,7 @@ void FullPowerView::slotSetAuxTabLocking(bool locked)
             names.append(QStringLiteral("faderframe_aux%1_%2").arg(aux).arg(QLatin1String(kind)));
     }
     bool wasSelected = false;
-    for (const QString& name : qAsConst(names)) {
+    for (const QString& name : std::as_const(names)) {
         auto* control = form.faderGroupBox->findChild<QWidget*>(name);
         control->setEnabled(!locked);
         const auto* select = qobject_cast<QPushButton*>(control);
@@ -113,10 +105,7 @@ void FullPowerView::slotSetAuxTabLocking(bool locked)
             {form.channelStripTabButton, SIGNAL(toggled(bool)), this, SLOT(slotChangeTabViews())});
         channelSelectWire().disconnect();
         const bool wasOn = form.channelStripTabButton->isChecked();
-        {
-            const QScopedValueRollback<bool> alone(shiftSelectActive, false);
-            selectButton(channels::selectName(1))->setChecked(true);
-        }
+        selector->selectOnly(1);
         if (!wasOn)
             form.channelStripTabButton->setChecked(false);
         // Also if view linking is off: it has always been so.
@@ -124,4 +113,16 @@ void FullPowerView::slotSetAuxTabLocking(bool locked)
     }
     if (form.reverbTabButton->isChecked())
         form.surroundTabButton->setChecked(true);
+}
+
+// The mixer's panel selected one. Told of the phones, the panel would go from its faders to them.
+void FullPowerView::slotSelectChannelViewFromSysex(int selectedChannel)
+{
+    const bool isPhones = selectedChannel < 1 || selectedChannel >= channels::phones;
+    const bool wasLinked = isPhones && isViewLinkingStored();
+    if (wasLinked)
+        slotEnableViewChanging(false);
+    selector->selectOnly(selectedChannel);
+    if (wasLinked)
+        slotEnableViewChanging(true);
 }

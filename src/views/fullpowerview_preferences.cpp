@@ -4,6 +4,7 @@
 #include "fullpowerview.h"
 #include "presetinterface.h"
 #include "setlist.h"
+#include "slottransfer.h"
 #include "sysexmanager.h"
 
 #include <QAction>
@@ -81,7 +82,7 @@ void FullPowerView::slotDisconnectMenuItems()
 
 void FullPowerView::slotUpdatePasteAvailability()
 {
-    if (clearPresetAct == nullptr || !modeActive)
+    if (clearPresetAct == nullptr || mode.entry() == nullptr)
         return;
     const bool hasPreset = copyPasteHandler->hasCopiedPreset();
     pastePresetAct->setEnabled(hasPreset);
@@ -98,13 +99,14 @@ bool FullPowerView::isViewLinkingStored() const
     return settingsStore->value(viewLinkingKey, false).toBool();
 }
 
-void FullPowerView::slotSetPreferences()
+void FullPowerView::connectPreferences()
 {
     const char* changed = SLOT(slotPreferencesChanged());
+    const ReceivePresetDialogForm& receive = transfer->receiveForm();
     for (const Wire& wire :
-         {Wire{receivePresetForm.rememberReceiveDecision, SIGNAL(toggled(bool)), this, changed},
-          Wire{receivePresetForm.toSetlistSlot, SIGNAL(clicked()), this, changed},
-          Wire{receivePresetForm.toNew, SIGNAL(clicked()), this, changed},
+         {Wire{receive.rememberReceiveDecision, SIGNAL(toggled(bool)), this, changed},
+          Wire{receive.toSetlistSlot, SIGNAL(clicked()), this, changed},
+          Wire{receive.toNew, SIGNAL(clicked()), this, changed},
           Wire{form.showPreset, SIGNAL(toggled(bool)), this, changed},
           Wire{form.showPreset, SIGNAL(toggled(bool)), this, SLOT(slotShowPresets(bool))}})
         wire.connect();
@@ -112,39 +114,47 @@ void FullPowerView::slotSetPreferences()
             settingsDialog->findChild<QAbstractButton*>(QStringLiteral("reset_receive_decision"));
         reset != nullptr)
         Wire{reset, SIGNAL(clicked()), this, SLOT(slotResetReceiveDecision())}.connect();
+}
 
-    const auto stored = [this](const QString& key, const QVariant& fallback) {
-        if (!settingsStore->contains(key))
-            settingsStore->setValue(key, fallback);
-        return settingsStore->value(key);
-    };
-    struct Switch {
+// As it is stored; what is not yet is written.
+QVariant FullPowerView::preference(const QString& key, const QVariant& fallback)
+{
+    if (!settingsStore->contains(key))
+        settingsStore->setValue(key, fallback);
+    return settingsStore->value(key);
+}
+
+void FullPowerView::slotSetPreferences()
+{
+    connectPreferences();
+    const Flow flow = mode.flow();
+    const struct {
         QString key;
         QString button;
         bool fallback;
-    };
-    const int entry = modeEntry;
-    for (const Switch& row :
-         {Switch{updatesKey, QStringLiteral("auto_check_for_updates"), true},
-          Switch{viewLinkingKey, viewLinkingKey, false}, Switch{huiKey, huiKey, false}}) {
-        const bool on = stored(row.key, row.fallback).toBool();
+    } switches[]{{updatesKey, QStringLiteral("auto_check_for_updates"), true},
+                 {viewLinkingKey, viewLinkingKey, false},
+                 {huiKey, huiKey, false}};
+    for (const auto& row : switches) {
+        const bool on = preference(row.key, row.fallback).toBool();
         auto* button = settingsDialog->findChild<QAbstractButton*>(row.button);
         if (button == nullptr)
             continue;
-        Wire{button, SIGNAL(toggled(bool)), this, changed}.connect();
+        Wire{button, SIGNAL(toggled(bool)), this, SLOT(slotPreferencesChanged())}.connect();
         button->setChecked(on);
         // The bridge may have opened a box about its ports, and events let a newer mode begin.
-        if (entry != modeEntry)
+        if (!flow.isAlive())
             return;
         button->setText(onOrOff(on));
     }
     slotEnableViewChanging(isViewLinkingStored());
-    receivePresetForm.rememberReceiveDecision->setChecked(stored(rememberKey, false).toBool());
+    const ReceivePresetDialogForm& receive = transfer->receiveForm();
+    receive.rememberReceiveDecision->setChecked(preference(rememberKey, false).toBool());
     const bool toNew =
-        stored(decisionKey, QStringLiteral("toSlot")).toString() == QStringLiteral("toNew");
-    (toNew ? receivePresetForm.toNew : receivePresetForm.toSetlistSlot)->setChecked(true);
+        preference(decisionKey, QStringLiteral("toSlot")).toString() == QStringLiteral("toNew");
+    (toNew ? receive.toNew : receive.toSetlistSlot)->setChecked(true);
     // The drawer stands open at first, whatever is stored, and the first click closes it.
-    stored(drawerKey, false);
+    preference(drawerKey, false);
     const QSignalBlocker quiet(form.showPreset);
     form.showPreset->setChecked(true);
 }
@@ -157,12 +167,12 @@ void FullPowerView::slotPreferencesChanged()
         return;
     const QString name = button->objectName();
     const bool on = button->isChecked();
-    if (button == receivePresetForm.rememberReceiveDecision) {
+    if (button == transfer->receiveForm().rememberReceiveDecision) {
         settingsStore->setValue(rememberKey, on);
-    } else if (button == receivePresetForm.toSetlistSlot) {
+    } else if (button == transfer->receiveForm().toSetlistSlot) {
         if (on)
             settingsStore->setValue(decisionKey, QStringLiteral("toSlot"));
-    } else if (button == receivePresetForm.toNew) {
+    } else if (button == transfer->receiveForm().toNew) {
         if (on)
             settingsStore->setValue(decisionKey, QStringLiteral("toNew"));
     } else if (name == viewLinkingKey) {
@@ -198,5 +208,5 @@ void FullPowerView::slotResetReceiveDecision()
     if (sender() == nullptr || sender()->objectName().contains(QLatin1String("all")))
         return;
     settingsStore->setValue(rememberKey, false);
-    receivePresetForm.rememberReceiveDecision->setChecked(false);
+    transfer->receiveForm().rememberReceiveDecision->setChecked(false);
 }

@@ -1,83 +1,52 @@
 // What joins the view to the stores and the device link, made at each mode entry and cut at each
 // exit as one list.
 
+#include "channelselector.h"
 #include "channelstrip.h"
 #include "channelstriptab.h"
 #include "copypastehandler.h"
-#include "faderframe.h"
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
 #include "mainsstrip.h"
 #include "phonesstrip.h"
+#include "presetdrawer.h"
 #include "presetinterface.h"
+#include "progressbox.h"
 #include "reverbtabform.h"
 #include "setlist.h"
+#include "slottransfer.h"
 #include "sysexmanager.h"
 
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QToolButton>
 
 void FullPowerView::slotConnectInterfaces()
 {
-    for (const Wire& wire : qAsConst(interfaceWires))
+    for (const Wire& wire : std::as_const(interfaceWires))
         wire.connect();
 }
 
 void FullPowerView::slotDisconnectInterfaces()
 {
-    for (const Wire& wire : qAsConst(interfaceWires))
-        wire.disconnect();
-}
-
-void FullPowerView::connectStoreSending() const
-{
-    for (const Wire& wire : storeSendingWires)
-        wire.connect();
-}
-
-void FullPowerView::disconnectStoreSending() const
-{
-    for (const Wire& wire : storeSendingWires)
+    for (const Wire& wire : std::as_const(interfaceWires))
         wire.disconnect();
 }
 
 void FullPowerView::makeInterfaceWires()
 {
+    interfaceWires = pageWires->all();
     addPageWires();
     addPresetWires();
-    addDialogWires();
+    addDrawerWires();
+    addTransferWires();
     addSelectionWires();
 }
 
 void FullPowerView::addPageWires()
 {
-    const char* store = SIGNAL(signalStoreValue(QString, QVariant, int));
-    const char* check = SIGNAL(signalCheckSavedState(int));
-    const char* send = SIGNAL(signalSendPresetParameter(QString, int));
-    const char* recall = SIGNAL(signalRecallPreset(QVariantMap));
     const char* fromStrips = SIGNAL(signalReceiveChannelStripParams(QString, int));
     const char* toStrip = SLOT(slotReceiveChannelStripParams(QString, int));
-
-    recallWires.append({presetInterface, recall, this, SLOT(slotRecallPresets(QVariantMap))});
-    QList<QObject*> owners{this};
-    for (ParameterPage* page : parameterPages()) {
-        // The faders speak through the view.
-        if (page == faders)
-            continue;
-        owners.append(page);
-        recallWires.append({presetInterface, recall, page, SLOT(slotRecallPreset(QVariantMap))});
-    }
-    for (QObject* owner : qAsConst(owners)) {
-        interfaceWires.append(
-            {owner, store, this, SLOT(slotStoreShownValue(QString, QVariant, int))});
-        interfaceWires.append({owner, check, this, SLOT(slotCheckShownState(int))});
-        interfaceWires.append(
-            {owner, send, sysexManager, SLOT(slotSendPresetParameters(QString, int))});
-    }
-    interfaceWires += recallWires;
-
     for (ChannelStrip* strip : channelStripTab->channelStrips()) {
         interfaceWires += {
             {sysexManager, fromStrips, strip, toStrip},
@@ -110,16 +79,6 @@ void FullPowerView::addPageWires()
 
 void FullPowerView::addPresetWires()
 {
-    storeSendingWires = {
-        {presetInterface, SIGNAL(signalConnectToSysexSending()), this,
-         SLOT(slotConnectToSysexPresetSending())},
-        {presetInterface, SIGNAL(signalDisconnectFromSysexSending()), this,
-         SLOT(slotDisconnectToSysexPresetSending())},
-        {presetInterface, SIGNAL(signalSendPresetParameter(QString, int)), sysexManager,
-         SLOT(slotSendPresetParameters(QString, int))},
-    };
-    interfaceWires += storeSendingWires;
-    ReorderableListWidget* list = form.presetlist;
     interfaceWires += {
         {sysexManager, SIGNAL(signalReceiveGoToSyncPreset(int)), this,
          SLOT(slotRecallPresetSilently(int))},
@@ -128,7 +87,8 @@ void FullPowerView::addPresetWires()
         {sysexManager, SIGNAL(signalReceiveSinglePresetComplete(int, bool)), this,
          SLOT(slotReceiveSinglePresetComplete(int, bool))},
         {sysexManager, SIGNAL(signalHideDisableWidget()), this, SLOT(slotHideDisableWidget())},
-        {sysexManager, SIGNAL(signalHideProgressWidget()), progressWidget, SLOT(close())},
+        {sysexManager, SIGNAL(signalHideProgressWidget()), transfer->progress()->widget(),
+         SLOT(close())},
         {presetInterface, SIGNAL(signalStereoUpdatingStatus(bool)), sysexManager,
          SLOT(slotSendStereoUpdatingStatus(bool))},
         {this, SIGNAL(signalStartLiveMemoryTimeout(int)), presetInterface->liveMemoryTimer,
@@ -157,50 +117,53 @@ void FullPowerView::addPresetWires()
          SLOT(slotUpdatePasteAvailability())},
         {copyPasteHandler, SIGNAL(signalPresetMenu(int)), this, SLOT(slotSetPresetMenu(int))},
         {copyPasteHandler, SIGNAL(signalDeselectMultiple()), this, SLOT(slotDeselectMultiple())},
+    };
+}
+
+void FullPowerView::addDrawerWires()
+{
+    const char* clicked = SIGNAL(clicked());
+    ReorderableListWidget* list = form.presetlist;
+    interfaceWires += {
         {list, SIGNAL(itemDoubleClicked(QListWidgetItem*)), this,
          SLOT(slotCheckToAllowRename(QListWidgetItem*))},
         {list, SIGNAL(itemPressed(QListWidgetItem*)), list, SLOT(slotSetPresetDropBehavior())},
         {list, SIGNAL(signalReorderPresets()), this, SLOT(slotReorderPresetList())},
         {list, SIGNAL(itemSelectionChanged()), list, SLOT(slotSetPresetButtonUseability())},
         {list, SIGNAL(signalPresetButtons(bool)), this, SLOT(slotEnablePresetButtons(bool))},
-        {list, SIGNAL(currentRowChanged(int)), this, SLOT(slotSelectionMoved(int))},
+        {list, SIGNAL(currentRowChanged(int)), drawer, SLOT(slotSelectionMoved(int))},
         {list, SIGNAL(signalPresetListScrollBarVisibility(bool)), this,
          SLOT(slotMoveLiveMemoryHelpIcon(bool))},
         {list, SIGNAL(signalHideLiveMemoryHelp(bool)), this,
          SLOT(slotHideLiveMemoryHelpIcon(bool))},
-    };
-}
-
-void FullPowerView::addDialogWires()
-{
-    const char* clicked = SIGNAL(clicked());
-    interfaceWires += {
+        {form.liveMemoryHelpButton, clicked, drawer, SLOT(slotOpenLiveMemoryHelp())},
         {form.save, clicked, this, SLOT(slotSavePreset())},
         {form.revert, clicked, this, SLOT(slotDeselectMultiple())},
         {form.revert, clicked, presetInterface, SLOT(slotRevertPreset())},
-        {form.saveas, clicked, this, SLOT(slotOpenSaveAs())},
+        {form.saveas, clicked, drawer, SLOT(slotOpenSaveAs())},
         {form.deletepreset, clicked, this, SLOT(slotDeletePreset())},
-        {form.liveMemoryHelpButton, clicked, this, SLOT(slotOpenLiveMemoryHelp())},
-        {form.receive_all, clicked, this, SLOT(slotOpenReceiveAll())},
-        {form.send_all, clicked, this, SLOT(slotSendAllPresets())},
-        {saveAsForm.save, clicked, this, SLOT(slotSaveAs())},
-        {deleteForm.delete_2, clicked, this, SLOT(slotConfirmDelete())},
-        {renameForm.rename, clicked, this, SLOT(slotRename())},
-        {receivePresetForm.receive, clicked, this, SLOT(slotReceiveSinglePreset())},
-        {receiveAsForm.receive, clicked, this, SLOT(slotReceiveSinglePreset())},
-        {receiveAllForm.receive, clicked, this, SLOT(slotReceiveAllPresets())},
-        {receivePresetForm.toNew, SIGNAL(toggled(bool)), this, SLOT(slotReceiveChoice())},
+        {drawer->saveButton(), clicked, this, SLOT(slotSaveAs())},
+        {drawer->renameButton(), clicked, this, SLOT(slotRename())},
     };
-    for (QPushButton* button :
-         {saveAsForm.cancel, deleteForm.cancel, renameForm.cancel, receivePresetForm.cancel,
-          receiveAsForm.cancel, receiveAllForm.cancel, connectionSyncForm.ok})
-        interfaceWires.append({button, clicked, this, SLOT(slotCloseDialog())});
-    for (QToolButton* button : qAsConst(form.sendButtons))
-        interfaceWires.append({button, clicked, this, SLOT(slotSendSinglePreset())});
-    for (QToolButton* button : qAsConst(form.receiveButtons))
-        interfaceWires.append({button, clicked, this, SLOT(slotAssessReceiveDecision())});
-    for (QLineEdit* edit : nameEdits())
+    for (QLineEdit* edit : innerDialogs.nameEdits())
         interfaceWires.append({edit, SIGNAL(textChanged(QString)), this, SLOT(slotValueChanged())});
+}
+
+void FullPowerView::addTransferWires()
+{
+    const char* clicked = SIGNAL(clicked());
+    const char* receive = SLOT(slotReceiveSinglePreset());
+    interfaceWires += {
+        {form.receive_all, clicked, transfer, SLOT(slotOpenReceiveAll())},
+        {form.send_all, clicked, this, SLOT(slotSendAllPresets())},
+        {transfer->receiveForm().receive, clicked, this, receive},
+        {transfer->receiveAsButton(), clicked, this, receive},
+        {transfer->receiveAllButton(), clicked, this, SLOT(slotReceiveAllPresets())},
+    };
+    for (QToolButton* button : std::as_const(form.sendButtons))
+        interfaceWires.append({button, clicked, this, SLOT(slotSendSinglePreset())});
+    for (QToolButton* button : std::as_const(form.receiveButtons))
+        interfaceWires.append({button, clicked, this, SLOT(slotAssessReceiveDecision())});
 }
 
 void FullPowerView::addSelectionWires()
@@ -211,8 +174,7 @@ void FullPowerView::addSelectionWires()
         {this, SIGNAL(signalSelectChannelView(int)), channelStripTab,
          SLOT(slotSelectChannelStrip(int))},
     };
-    for (QPushButton* button : qAsConst(selectButtons))
-        interfaceWires.append({button, SIGNAL(toggled(bool)), this, SLOT(slotSelectChannelView())});
+    interfaceWires += selector->wires();
     for (QPushButton* tab : {form.surroundTabButton, form.channelStripTabButton,
                              form.reverbTabButton, form.midiTabButton, form.usbTabButton})
         interfaceWires.append({tab, SIGNAL(toggled(bool)), this, SLOT(slotChangeTabViews())});

@@ -1,11 +1,16 @@
 #include "innerdialogs.h"
 
+#include <QAbstractButton>
 #include <QApplication>
-#include <QEvent>
-#include <QWidget>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <algorithm>
 
 namespace
 {
+
+constexpr int longestName = 24;
 
 bool holds(const QWidget* outer, const QWidget* inner)
 {
@@ -37,10 +42,88 @@ InnerDialogs::InnerDialogs(QWidget* covered)
     connect(qApp, SIGNAL(focusChanged(QWidget*, QWidget*)), SLOT(slotKeepFocus()));
 }
 
-void InnerDialogs::add(QWidget* dialog)
+void InnerDialogs::add(QWidget* dialog, Escape escape)
 {
+    dialog->hide();
     dialogs.append(dialog);
+    if (escape == Escape::DoesNothing)
+        lasting.append(dialog);
     dialog->installEventFilter(this);
+}
+
+void InnerDialogs::addName(QLineEdit* edit, QAbstractButton* accept, QAbstractButton* choice)
+{
+    names.append({edit, accept, choice});
+    connect(edit, SIGNAL(textChanged(QString)), SLOT(slotLimitName()));
+    connect(edit, SIGNAL(returnPressed()), accept, SLOT(click()));
+    if (choice != nullptr)
+        connect(choice, SIGNAL(toggled(bool)), SLOT(slotCheckNames()));
+}
+
+QList<QLineEdit*> InnerDialogs::nameEdits() const
+{
+    QList<QLineEdit*> edits;
+    for (const Name& name : names)
+        edits.append(name.edit);
+    return edits;
+}
+
+void InnerDialogs::slotCheckNames()
+{
+    for (const Name& name : std::as_const(names)) {
+        const bool isNeeded = name.choice == nullptr || name.choice->isChecked();
+        name.accept->setEnabled(!isNeeded || !name.edit->text().isEmpty());
+    }
+}
+
+void InnerDialogs::slotLimitName()
+{
+    if (auto* edit = qobject_cast<QLineEdit*>(sender());
+        edit != nullptr && edit->text().size() > longestName)
+        edit->setText(edit->text().left(longestName));
+    slotCheckNames();
+}
+
+void InnerDialogs::coverAll()
+{
+    sheet->show();
+    sheet->raise();
+}
+
+void InnerDialogs::open(QWidget* dialog, QWidget* focus)
+{
+    coverAll();
+    dialog->show();
+    dialog->raise();
+    focus->setFocus(Qt::OtherFocusReason);
+}
+
+void InnerDialogs::close(QWidget* dialog)
+{
+    dialog->close();
+    for (const Name& name : std::as_const(names))
+        if (dialog->isAncestorOf(name.edit))
+            name.edit->clear();
+    emit signalClosed();
+}
+
+void InnerDialogs::closeAll()
+{
+    for (QWidget* dialog : std::as_const(dialogs))
+        close(dialog);
+}
+
+void InnerDialogs::slotCloseDialog()
+{
+    const auto* control = qobject_cast<QWidget*>(sender());
+    if (control != nullptr && dialogs.contains(control->parentWidget()))
+        close(control->parentWidget());
+}
+
+bool InnerDialogs::isAnyOpen() const
+{
+    return std::any_of(dialogs.cbegin(), dialogs.cend(),
+                       [](const QWidget* dialog) { return !dialog->isHidden(); });
 }
 
 QWidget* InnerDialogs::uppermost() const
@@ -64,6 +147,12 @@ void InnerDialogs::slotKeepFocus()
         firstFocus(dialog)->setFocus();
 }
 
+bool InnerDialogs::closesFrom(const QWidget* dialog, const QWidget* focus) const
+{
+    return !lasting.contains(dialog)
+        && (focus == nullptr || focus == dialog || focus->parentWidget() == dialog);
+}
+
 bool InnerDialogs::eventFilter(QObject* watched, QEvent* event)
 {
     auto* dialog = static_cast<QWidget*>(watched);
@@ -71,6 +160,10 @@ bool InnerDialogs::eventFilter(QObject* watched, QEvent* event)
     // What its controls have left. A Tab among them, since there was no other to go to; and the
     // window's shortcuts and menus are covered like the rest.
     case QEvent::KeyPress:
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape
+            && closesFrom(dialog, area->window()->focusWidget()))
+            close(dialog);
+        [[fallthrough]];
     case QEvent::KeyRelease:
     case QEvent::ShortcutOverride:
         event->accept();

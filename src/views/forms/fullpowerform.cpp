@@ -2,6 +2,7 @@
 
 #include "elidingcombobox.h"
 #include "formbuilder.h"
+#include "presetnames.h"
 #include "stripparts.h"
 
 #include <QFrame>
@@ -25,7 +26,6 @@ constexpr int fadersHeight = 280;
 constexpr int drawerLeft = 935;
 constexpr int drawerWidth = 257;
 constexpr int drawerHeight = 696;
-constexpr int slotCount = 12;
 
 QToolButton* addToolButton(QWidget* parent, const QString& name, const QString& text,
                            const QString& spoken, const QString& toolTip, const QRect& place)
@@ -188,7 +188,7 @@ void FullPowerForm::laySetlist()
                       {168, titleTop, 81, rowHeight});
 
     for (int slot = 0; slot < slotCount; ++slot) {
-        const QChar letter(u'A' + slot);
+        const QChar letter = slotLetter(slot);
         const int y = firstRow + slot * rowStep;
         builder.label(presetFrame, letter, {margin, y, letterWidth - 2, rowHeight}, "title");
         auto* menu = new ElidingComboBox(presetFrame);
