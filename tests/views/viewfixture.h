@@ -1,20 +1,17 @@
 #pragma once
 
 #include "channelstriptab.h"
-#include "fakeports.h"
+#include "controls.h"
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
-#include "presetcodec.h"
+#include "library.h"
+#include "mixerend.h"
 #include "presetinterface.h"
-#include "sysexmanager.h"
 #include "testcase.h"
 
-#include <QAbstractButton>
-#include <QAbstractSlider>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QHash>
 #include <QJsonDocument>
 #include <QLineEdit>
 #include <QLoggingCategory>
@@ -29,38 +26,6 @@
 
 #include <functional>
 #include <memory>
-#include <utility>
-
-inline const QString syncName = QStringLiteral("[CONNECTION SYNC]");
-inline const QStringList fewNames{syncName, "One", "Two", "Three"};
-inline const QString ch1 = QStringLiteral("faderframe_ch1_fader");
-inline const QString ch2 = QStringLiteral("faderframe_ch2_fader");
-inline const QString gain = QStringLiteral("channelstrip_ch1_eq_hi_gain");
-
-// Of few parameters, so that a recall is short; what a preset lacks counts as 0.
-inline QVariantMap smallPreset(const QString& name, int number)
-{
-    return {{"preset_name", name},
-            {ch1, 5000 + 100 * number},
-            {ch2, 6000 + 100 * number},
-            {gain, 10000 + 100 * number}};
-}
-inline QVariantMap libraryOf(const QStringList& names)
-{
-    QVariantMap library;
-    for (int i = 0; i < names.size(); ++i)
-        library.insert(QString("Preset_%1").arg(i, 3, 10, QChar('0')), smallPreset(names[i], i));
-    return library;
-}
-
-// What its recall sends.
-inline QString recallOf(int number)
-{
-    QStringList words;
-    for (const QString& key : {gain, ch1, ch2})
-        words << QString("%1=%2").arg(key).arg(smallPreset({}, number)[key].toInt());
-    return words.join(' ');
-}
 
 // Does something while another thing waits: when events pass for the nth time.
 class Meanwhile : public QObject
@@ -89,37 +54,16 @@ private:
 
 // The window with the view in it, which follows the mixer as the shell does. The working directory
 // is its own, with a library and a setlist in it. Making one takes half a second.
-class Desk : public QMainWindow
+class Desk : public QMainWindow, public MixerEnd, public Controls
 {
     Q_OBJECT
 
     QTemporaryDir folder;
-    mutable QHash<QString, QWidget*> found; // a search goes through all of the view
-    QStringList words;                      // sent
-    QHash<QString, int> mixer;
-
-    void take()
-    {
-        for (const QByteArray& bytes : ports->sentBytes()) {
-            const QByteArray body = bytes.mid(5, 7);
-            const auto parameter = sysex::decodePresetParameter(std::span<const std::uint8_t, 6>(
-                reinterpret_cast<const std::uint8_t*>(body.constData()) + 1, 6));
-            if (body.startsWith('\2')) {
-                words << QString("%1=%2").arg(parameter.name).arg(parameter.value);
-                mixer[parameter.name] = parameter.value;
-            } else if (!body.startsWith('\14') || body.at(4) == 0) {
-                words << body.toHex();
-            }
-        }
-        ports->sent.clear();
-    }
 
 public:
     QSettings settings{folder.filePath("settings.ini"), QSettings::IniFormat};
     PresetInterface presets;
     GlobalPresetInterface globals;
-    FakePorts* ports = new FakePorts;
-    SysexManager sysex{nullptr, std::unique_ptr<MidiPorts>(ports)};
     QWidget settingsDialog{this};
     // Clear, copy, paste, paste to new; copy and paste of a channel; auto populate.
     std::array<QAction*, 7> actions{};
@@ -156,6 +100,7 @@ public:
         settingsDialog.hide();
         view = std::make_unique<FullPowerView>(false, QString(), &sysex, &presets, &globals,
                                                &settingsDialog, &settings, this);
+        findIn(view.get());
         list = view->findChild<ReorderableListWidget*>();
         for (QAction*& action : actions)
             action = menuBar()->addAction("action");
@@ -168,65 +113,16 @@ public:
             qFatal("the window does not become active");
     }
 
-    // The mixer
-    void plug(const QStringList& more = {"loopMIDI Port", "loopMIDI Port 1"})
-    {
-        ports->plug(QStringList{"J-Sum Audio Control", "J-Sum Control Surface"} + more);
-        sysex.midi()->slot_PollDevices();
-    }
-    void unplug()
-    {
-        ports->unplug();
-        sysex.midi()->slot_PollDevices();
-    }
-    void versionReply() { hear("00000000010a03"); }
-    void endMarker() { hear("0a0c0101"); } // of the live memory
-    void changePreset() { hear("0d"); }    // to the live memory
-    void slotEndMarker(int slot) { hear("0a" + QByteArray(1, char(slot - 1)).toHex() + "0100"); }
-    // Up to the end of the sync.
-    void start()
-    {
-        plug();
-        versionReply();
-        endMarker();
-        sent();
-    }
-    void hear(const QByteArray& hex)
-    {
-        const QByteArray bytes = QByteArray::fromHex("f000015f23" + hex + "f7");
-        sysex.slotReceiveMidiInput("J-Sum Audio Control",
-                                   MidiMessage(bytes.constData(), int(bytes.size())));
-    }
-    void hear(const QString& key, int value)
-    {
-        take();
-        mixer[key] = value;
-        if (key.startsWith("faderframe_"))
-            emit sysex.signalReceiveMainwindowPresetParams(key, value);
-        else if (key.startsWith("channelstrip_"))
-            emit sysex.signalReceiveChannelStripParams(key, value);
-        else
-            emit sysex.signalReceiveReverbParams(key, value);
-    }
-    // What it got since the last time: parameters as "key=value", the rest as bytes. Without the
-    // stereo status around each recall.
-    QString sent()
-    {
-        take();
-        return std::exchange(words, {}).join(' ');
-    }
     // Those of which screen, store and mixer say different things.
     QStringList apart(const QStringList& keys = {ch1, ch2, gain})
     {
-        take();
         QStringList different;
-        for (const QString& key : keys)
-            if (shown(key) != value(key) || shown(key) != mixer.value(key, shown(key)))
-                different << QString("%1: %2 %3 %4")
-                                 .arg(key)
-                                 .arg(shown(key))
-                                 .arg(value(key))
-                                 .arg(mixer.value(key));
+        for (const QString& key : keys) {
+            const int there = held(key, shown(key));
+            if (shown(key) != value(key) || shown(key) != there)
+                different
+                    << QString("%1: %2 %3 %4").arg(key).arg(shown(key)).arg(value(key)).arg(there);
+        }
         return different;
     }
 
@@ -252,36 +148,6 @@ public:
         return texts;
     }
 
-    // The controls, by name or, those of a page too, by key
-    template <typename Widget = QWidget> Widget* at(const QString& name) const
-    {
-        QWidget* widget = found.value(name);
-        if (widget == nullptr) {
-            widget = name.startsWith("channelstrip_")
-                ? view->findChild<QWidget*>(name.section('_', 0, 1))
-                      ->findChild<QWidget*>(name.section('_', 2))
-                : view->findChild<QWidget*>(name);
-            found.insert(name, widget);
-        }
-        return qobject_cast<Widget*>(widget);
-    }
-    QAbstractButton* button(const QString& name) const { return at<QAbstractButton>(name); }
-    QAbstractSlider* slider(const QString& key) const { return at<QAbstractSlider>(key); }
-    int shown(const QString& key) const
-    {
-        return slider(key) != nullptr ? slider(key)->value() : int{button(key)->isChecked()};
-    }
-    void set(const QString& key, int value)
-    {
-        if (slider(key) != nullptr)
-            slider(key)->setValue(value);
-        else
-            button(key)->setChecked(value != 0);
-    }
-    void click(const QString& name, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::mouseClick(at(name), Qt::LeftButton, modifiers);
-    }
     void clickRow(int row)
     {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
