@@ -179,6 +179,20 @@ std::error_code create(const QString& path, const QByteArray& bytes, const Regul
     return std::make_error_code(std::errc::io_error);
 }
 
+QString unfinishedName(const QString& file) { return file + QStringLiteral(".new"); }
+
+std::error_code replace(const QString& path, const QByteArray& bytes, const RegularFile* like)
+{
+    const QString unfinished = unfinishedName(path);
+    if (const std::error_code error = create(unfinished, bytes, like))
+        return error;
+    if (const std::error_code error = rename(unfinished, path)) {
+        QFile::remove(unfinished);
+        return error;
+    }
+    return flushFolder(path) ? std::error_code{} : std::make_error_code(std::errc::io_error);
+}
+
 std::error_code rename(const QString& from, const QString& to)
 {
     std::error_code error;

@@ -56,6 +56,14 @@ std::optional<QByteArray> readFile(const QString& path);
 std::error_code create(const QString& path, const QByteArray& bytes,
                        const RegularFile* like = nullptr);
 
+// Under this name, beside it, a file is made that takes its real name once it is whole.
+QString unfinishedName(const QString& file);
+
+// Likewise, but gives it its name only when it is whole and flushed: at any moment the old file or
+// the new one stands there.
+std::error_code replace(const QString& path, const QByteArray& bytes,
+                        const RegularFile* like = nullptr);
+
 // Gives the file a new name in one step, taking that name from another file.
 std::error_code rename(const QString& from, const QString& to);
 

@@ -1,9 +1,12 @@
 #include "globalpresetinterface.h"
 
+#include "alignedmap.h"
 #include "diskfile.h"
 #include "presetdefaults.h"
 
 #include <QDebug>
+#include <QDir>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -71,39 +74,52 @@ void GlobalPresetInterface::slotSaveGlobalTimeout()
 
 void GlobalPresetInterface::slotExportGlobalMap() { emit signalExportGlobalMap(globalMap); }
 
-void GlobalPresetInterface::slotImportGlobalMap(QVariantMap map)
-{
-    globalMap = map;
-    slotRecallGlobal();
-}
+void GlobalPresetInterface::slotImportGlobalMap(QVariantMap map) { replaceBy(map); }
 
-void GlobalPresetInterface::slotClearGlobalPreset()
+bool GlobalPresetInterface::slotClearGlobalPreset()
 {
     const auto bytes = diskfile::readFile(pathOf(QStringLiteral("Blank.jsumglobalmap")));
     if (!bytes) {
         qDebug() << "Blank Global JSON not found";
-        return;
+        return false;
     }
     qDebug() << "Blank Global JSON Found";
-    QVariantMap blank = QJsonDocument::fromJson(*bytes).object().toVariantMap();
+    const QVariantMap blank = QJsonDocument::fromJson(*bytes).object().toVariantMap();
+    QVariantMap cleared = globalMap;
+    cleared.insert(globalKey, aligned(blank, Parameter::Store::Global).values);
+    replaceBy(cleared);
+    return true;
+}
 
-    slotConstructGlobalDefaultMap();
-    for (auto wanted = defaultGlobalMap.cbegin(); wanted != defaultGlobalMap.cend(); ++wanted) {
-        if (blank.contains(wanted.key()))
-            continue;
-        blank.insert(wanted.key(), wanted.value());
-        qDebug().noquote() << "insert missing params from default global preset" << wanted.key()
-                           << wanted->toString();
-    }
-    const QStringList keys = blank.keys();
-    for (const QString& key : keys) {
-        if (defaultGlobalMap.contains(key))
-            continue;
-        blank.remove(key);
-        qDebug().noquote() << "remove extra params from default global preset" << key;
-    }
-    setParameters(blank);
+void GlobalPresetInterface::replaceBy(const QVariantMap& map)
+{
+    keepBefore();
+    globalMap = map;
+    // No control moved that would start it.
+    if (!globalSaveTimer->isActive())
+        globalSaveTimer->start(1);
+    globalSaveTicks = 0;
     slotRecallGlobal();
+}
+
+// What the file lacks counts as its default, and is the default in the copy: to import that file
+// brings back what was in force.
+void GlobalPresetInterface::keepBefore()
+{
+    beforeFile.clear();
+    if (!isWritable())
+        return;
+    slotConstructGlobalDefaultMap();
+    QVariantMap parameters = defaultGlobalMap;
+    parameters.insert(globalMap.value(globalKey).toMap());
+    QVariantMap document = globalMap;
+    document.insert(globalKey, parameters);
+    const QString path = pathOf(QStringLiteral("backups/before-import.jsumglobalmap"));
+    QDir().mkpath(QFileInfo(path).path());
+    if (diskfile::replace(path, QJsonDocument::fromVariant(document).toJson()))
+        qDebug() << "the globals before the change could not be kept in" << path;
+    else
+        beforeFile = path;
 }
 
 void GlobalPresetInterface::slotConstructGlobalDefaultMap()

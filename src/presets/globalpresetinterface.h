@@ -25,6 +25,9 @@ public:
 
     // The whole document: one key "Global" around the parameters. Empty without a file.
     const QVariantMap& document() const { return globalMap; }
+    // The file in which the last import or clear kept what was there before; empty if it could not,
+    // as where nothing is written.
+    const QString& fileBeforeChange() const { return beforeFile; }
 
 public slots:
     void slotSetJSONPath();
@@ -38,11 +41,12 @@ public slots:
     void slotRecallGlobal();
     void slotSaveGlobalTimeout();
     void slotExportGlobalMap();
-    // map: a whole document.
+    // Both keep what was there in a file of its own, replace all, recall it, and start the timer.
+    // map: a whole document, its parameters in line with the table.
     void slotImportGlobalMap(QVariantMap map);
-    // Replaces all values by those of the blank template, brought into line with the factory map's
-    // keys.
-    void slotClearGlobalPreset();
+    // Takes the values of the blank template, brought into line with the table. False, and nothing
+    // done, without the template.
+    bool slotClearGlobalPreset();
     void slotConstructGlobalDefaultMap();
     // What waits to be written is, before demo mode begins. Leaving it drops what was changed in
     // it.
@@ -58,9 +62,12 @@ signals:
 
 private:
     void setParameters(const QVariantMap& parameters);
+    void replaceBy(const QVariantMap& map);
+    void keepBefore();
 
     QVariantMap globalMap;
     QVariantMap defaultGlobalMap;
     QVariantMap globalMapBeforeDemo;
+    QString beforeFile;
     SaveDelay saveDelay;
 };

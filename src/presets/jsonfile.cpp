@@ -18,19 +18,6 @@ constexpr int dailyCopiesKept = 7;
 
 QString keptName(const QString& file) { return file + QStringLiteral(".bak"); }
 
-// A file under this name is being made and takes its real name once it is whole.
-QString unfinishedName(const QString& file) { return file + QStringLiteral(".new"); }
-
-std::optional<QJsonObject> parsed(const QByteArray& bytes)
-{
-    // The parser lets a zero byte pass inside a text, where a block that never reached the disk
-    // would swallow a hundred keys.
-    if (bytes.contains('\0'))
-        return std::nullopt;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes);
-    return document.isObject() ? std::optional(document.object()) : std::nullopt;
-}
-
 // Cheap enough for every save, and refuses what a slip would make of a document: nothing, "null",
 // an array.
 bool hasBraces(const QByteArray& bytes)
@@ -67,20 +54,6 @@ std::error_code setAsideFor(const QString& whole, const QString& file)
     return {};
 }
 
-std::error_code makeUnderName(const QString& name, const QByteArray& bytes,
-                              const diskfile::RegularFile* like)
-{
-    const QString unfinished = unfinishedName(name);
-    if (const std::error_code error = diskfile::create(unfinished, bytes, like))
-        return error;
-    if (const std::error_code error = diskfile::rename(unfinished, name)) {
-        QFile::remove(unfinished);
-        return error;
-    }
-    return diskfile::flushFolder(name) ? std::error_code{}
-                                       : std::make_error_code(std::errc::io_error);
-}
-
 WriteResult writeInPlace(diskfile::RegularFile& file, const QByteArray& bytes,
                          const QByteArray& old)
 {
@@ -93,7 +66,7 @@ WriteResult writeInPlace(diskfile::RegularFile& file, const QByteArray& bytes,
 WriteResult writeOverDocument(diskfile::RegularFile& file, const QByteArray& bytes,
                               const QByteArray& old)
 {
-    const std::error_code error = makeUnderName(keptName(file.name()), old, &file);
+    const std::error_code error = diskfile::replace(keptName(file.name()), old, &file);
     if (error && !diskfile::isFolderRefusing(error))
         return WriteResult::Untouched;
     return writeInPlace(file, bytes, old);
@@ -102,7 +75,7 @@ WriteResult writeOverDocument(diskfile::RegularFile& file, const QByteArray& byt
 WriteResult writeOverBadFile(diskfile::RegularFile& file, const QByteArray& bytes,
                              const QByteArray& old)
 {
-    const QString unfinished = unfinishedName(file.name());
+    const QString unfinished = diskfile::unfinishedName(file.name());
     std::error_code error = diskfile::create(unfinished, bytes, &file);
     if (!error) {
         file.close();
@@ -171,6 +144,16 @@ void thinOut(const QDir& folder, const QFileInfo& file, const QString& newest)
 
 } // namespace
 
+std::optional<QJsonObject> JsonFile::parsed(const QByteArray& bytes)
+{
+    // The parser lets a zero byte pass inside a text, where a block that never reached the disk
+    // would swallow a hundred keys.
+    if (bytes.contains('\0'))
+        return std::nullopt;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes);
+    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+}
+
 void JsonFile::setPath(const QString& place, Access granted)
 {
     if (place != filePath || granted != access)
@@ -199,8 +182,8 @@ std::optional<QJsonObject> JsonFile::readAtStart()
     diskfile::RegularFile file(diskfile::followLinks(filePath));
     const bool mayTouch = access == Access::Full;
     if (mayTouch) {
-        QFile::remove(unfinishedName(file.name()));
-        QFile::remove(unfinishedName(keptName(file.name())));
+        QFile::remove(diskfile::unfinishedName(file.name()));
+        QFile::remove(diskfile::unfinishedName(keptName(file.name())));
     }
 
     std::optional<QByteArray> bytes;
@@ -257,7 +240,8 @@ JsonFile::WriteResult JsonFile::replace(const QString& name, const QByteArray& b
     case diskfile::Opened::Yes:
         break;
     case diskfile::Opened::Missing:
-        return makeUnderName(name, bytes, nullptr) ? WriteResult::Untouched : WriteResult::Written;
+        return diskfile::replace(name, bytes, nullptr) ? WriteResult::Untouched
+                                                       : WriteResult::Written;
     case diskfile::Opened::Refused:
         return WriteResult::Untouched;
     }
@@ -292,6 +276,6 @@ void JsonFile::keepDailyCopy(const QString& folder, const QDate& today)
     const std::optional<QByteArray> bytes = file.readAll();
     if (!bytes || !isWhole(*bytes))
         return;
-    if (!makeUnderName(copies.filePath(name), *bytes, &file))
+    if (!diskfile::replace(copies.filePath(name), *bytes, &file))
         thinOut(copies, info, name);
 }

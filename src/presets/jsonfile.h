@@ -32,6 +32,9 @@ public:
     // Of another file nothing has been seen; for the same one nothing changes.
     void setPath(const QString& place, Access granted);
 
+    // The bytes' object; nothing when they are no document.
+    static std::optional<QJsonObject> parsed(const QByteArray& bytes);
+
     // At start: the file's object; empty when it is no document (a zero byte anywhere, as an
     // interrupted write can leave behind, makes it none) and has no good copy; nothing when it
     // can't be opened. A file that is missing or no document is first replaced by its kept copy

@@ -65,9 +65,17 @@ public:
     // The state that a cleared preset goes to, without a name: the blank template, with factory
     // values for what it lacks. A file that can't be read lacks everything.
     QVariantMap blankPreset() const;
-    // Saves a new preset as the last one and returns its number; the current preset stays current.
-    // -1, and nothing done, for a library that is full, or empty: the first preset is the mixer's.
-    // preset: its name has to be free.
+    // As saved; of the preset that follows the mixer the live state.
+    QVariantMap presetToExport(int presetNum) const;
+    // How many presets can be added. None to an empty library: the first preset is the mixer's.
+    int roomForPresets() const { return presetCount() == 0 ? 0 : maxPresets - presetCount(); }
+    // A name for each new preset. One that is free, also of those before it in the list, and not
+    // reserved stays; any other is given a copy number, behind its first 24 characters.
+    QStringList namesForNew(const QStringList& wanted) const { return library.freeNames(wanted); }
+    // Saves new presets as the last ones, as many as there is room for, with one write, and returns
+    // how many; the current preset stays current. Their names have to be free.
+    int appendPresets(const QList<QVariantMap>& presets);
+    // One, and returns its number; -1 without room.
     int appendPreset(const QVariantMap& preset);
 
 public slots:

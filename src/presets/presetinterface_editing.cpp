@@ -1,7 +1,7 @@
 #include "presetinterface.h"
 
+#include "alignedmap.h"
 #include "diskfile.h"
-#include "presetdefaults.h"
 #include "presetnames.h"
 
 #include <QDebug>
@@ -72,7 +72,7 @@ void PresetInterface::slotSavePresetAs(QString presetName, bool isForReceivingPr
     }
     QVariantMap preset = library.workingPreset(currentPreset);
     preset.insert(presetNameKey(), presetName);
-    library.append(preset);
+    library.append({preset});
     const SyncGuard sync(this);
     // The edits live in the new preset now.
     if (!isForReceivingPreset)
@@ -187,29 +187,30 @@ void PresetInterface::pasteParameters(const QVariantMap& values)
 QVariantMap PresetInterface::blankPreset() const
 {
     const auto bytes = diskfile::readFile(pathOf(QStringLiteral("Blank.jsumpreset")));
-    const QJsonObject blank = QJsonDocument::fromJson(bytes.value_or(QByteArray())).object();
-    QVariantMap preset = presetdefaults::preset();
-    preset.remove(presetNameKey());
-    int gaps = 0;
-    for (auto parameter = preset.begin(); parameter != preset.end(); ++parameter) {
-        const QJsonValue value = blank.value(parameter.key());
-        if (value.isDouble() || value.isBool())
-            *parameter = value.toVariant();
-        else
-            ++gaps;
-    }
-    if (gaps > 0)
-        qDebug() << "insert missing params from default preset into the blank one:" << gaps;
-    return preset;
+    QVariantMap blank =
+        QJsonDocument::fromJson(bytes.value_or(QByteArray())).object().toVariantMap();
+    blank.remove(presetNameKey());
+    return aligned(blank, Parameter::Store::Preset).values;
+}
+
+QVariantMap PresetInterface::presetToExport(int presetNum) const
+{
+    return presetNum == 0 ? library.workingPreset(0) : library.savedPreset(presetNum);
 }
 
 int PresetInterface::appendPreset(const QVariantMap& preset)
 {
-    if (isFull() || presetCount() == 0) {
-        qDebug() << "append: the library is full, or empty";
-        return -1;
+    return appendPresets({preset}) == 1 ? presetCount() - 1 : -1;
+}
+
+int PresetInterface::appendPresets(const QList<QVariantMap>& presets)
+{
+    const int appended = std::min(static_cast<int>(presets.size()), roomForPresets());
+    if (appended == 0) {
+        qDebug() << "append: nothing is to be, or the library is full, or empty";
+        return 0;
     }
-    library.append(preset);
+    library.append(presets.first(appended));
     slotWriteJSON(library.saved());
-    return presetCount() - 1;
+    return appended;
 }

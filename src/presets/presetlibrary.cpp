@@ -206,11 +206,11 @@ bool PresetLibrary::rename(int presetNum, const QString& name)
     return true;
 }
 
-void PresetLibrary::append(const QVariantMap& preset)
+void PresetLibrary::append(const QList<QVariantMap>& presets)
 {
     populateLists();
-    workingList.append(preset);
-    savedList.append(preset);
+    workingList.append(presets);
+    savedList.append(presets);
     takeFromLists();
 }
 

@@ -42,7 +42,9 @@ public:
     // The first preset of that saved name; a null string without one.
     QString keyOfName(const QString& name);
     // A name that no preset has yet, made from the one given.
-    QString freeName(QString name) const;
+    QString freeName(const QString& name) const;
+    // One for each of these, as PresetInterface::namesForNew() tells.
+    QStringList freeNames(const QStringList& wanted) const;
 
     bool isDirty(int presetNum) const;
     // The values in which the preset differs from its saved state.
@@ -57,8 +59,8 @@ public:
     void revert(int presetNum);
     // In both states; edits stay edits.
     bool rename(int presetNum, const QString& name);
-    // As the last one, saved. The library must not be full.
-    void append(const QVariantMap& preset);
+    // As the last ones, saved. The library must have room for them.
+    void append(const QList<QVariantMap>& presets);
     bool remove(int presetNum);
     // In the order of these saved names, behind the preset that follows the mixer. Of presets that
     // share a name each takes the next one; those without a name here go to the end.
@@ -70,6 +72,8 @@ public:
     void takeFromLists();
 
 private:
+    // In their order.
+    QStringList savedNames() const;
     // The preset's own map, to be changed in place; null when the library doesn't have it.
     QVariantMap* presetIn(QVariantMap& map, int presetNum);
 

@@ -2,6 +2,10 @@
 
 #include "presetnames.h"
 
+#include <QSet>
+
+#include <algorithm>
+
 namespace
 {
 
@@ -24,6 +28,23 @@ QString copyName(const QString& name, int number)
     return QStringLiteral("%1 copy%2").arg(name, QString::number(number));
 }
 
+QString freeNameAmong(const QStringList& namesInUse, QString name)
+{
+    name = unreserved(name);
+    if (namesInUse.isEmpty())
+        return name;
+
+    // Again, since "[OFF] copy1" becomes a reserved name without its number.
+    name = unreserved(withoutCopyNumber(name));
+    int number = static_cast<int>(
+        std::count_if(namesInUse.cbegin(), namesInUse.cend(),
+                      [&](const QString& used) { return withoutCopyNumber(used) == name; }));
+    QString result = number == 0 ? name : copyName(name, number);
+    while (namesInUse.contains(result))
+        result = copyName(name, ++number);
+    return result;
+}
+
 } // namespace
 
 QStringList PresetLibrary::names() const
@@ -44,27 +65,31 @@ QString PresetLibrary::keyOfName(const QString& name)
     return keysByName.value(name);
 }
 
-QString PresetLibrary::freeName(QString name) const
+QStringList PresetLibrary::savedNames() const
 {
-    name = unreserved(name);
+    QStringList all;
     const int presets = count();
-    if (presets == 0)
-        return name;
+    for (int presetNum = 0; presetNum < presets; ++presetNum)
+        all.append(nameOfPreset(savedPreset(presetNum)));
+    return all;
+}
 
-    // Again, since "[OFF] copy1" becomes a reserved name without its number.
-    name = unreserved(withoutCopyNumber(name));
-    QStringList namesInUse;
-    int alike = 0;
-    for (int presetNum = 0; presetNum < presets; ++presetNum) {
-        const QString used = nameOfPreset(savedPreset(presetNum));
-        namesInUse.append(used);
-        if (withoutCopyNumber(used) == name)
-            ++alike;
+QString PresetLibrary::freeName(const QString& name) const
+{
+    return freeNameAmong(savedNames(), name);
+}
+
+QStringList PresetLibrary::freeNames(const QStringList& wanted) const
+{
+    QStringList namesInUse = savedNames();
+    QSet<QString> taken(namesInUse.cbegin(), namesInUse.cend());
+    QStringList names;
+    for (const QString& name : wanted) {
+        const bool isFree = unreserved(name) == name && !taken.contains(name);
+        names.append(
+            isFree ? name : freeNameAmong(namesInUse, shortened(name, nameLengthBeforeCopyNumber)));
+        namesInUse.append(names.last());
+        taken.insert(names.last());
     }
-
-    int number = alike;
-    QString result = alike == 0 ? name : copyName(name, alike);
-    while (namesInUse.contains(result))
-        result = copyName(name, ++number);
-    return result;
+    return names;
 }

@@ -21,6 +21,19 @@ inline QString unreserved(const QString& name)
     return name == factoryPresetName() ? QStringLiteral("default") : name;
 }
 
+// What an imported name is cut to; and when it is given a copy number, which has up to eight.
+constexpr int longestName = 32;
+constexpr int nameLengthBeforeCopyNumber = 24;
+
+// Without a space at the end, and without half a character.
+inline QString shortened(const QString& name, int length)
+{
+    QString start = name.left(length);
+    if (start.size() < name.size() && start.back().isHighSurrogate())
+        start.chop(1);
+    return start.trimmed();
+}
+
 inline QString nameOfPreset(const QVariantMap& preset)
 {
     return preset.value(presetNameKey()).toString();

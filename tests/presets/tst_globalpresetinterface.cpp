@@ -96,15 +96,51 @@ private slots:
 
     void clearBringsTheTemplateIntoLine()
     {
+        QVERIFY(!store->slotClearGlobalPreset());
+        QVERIFY(!store->globalSaveTimer->isActive());
         QVariantMap blank = presetdefaults::globals();
         blank.remove("tone_gen_freq");
         blank.insert("led_brightness", 7);
+        blank.insert("miditab_bank2_channel", 17);
+        blank.insert("surroundtab_format", 1.9);
+        blank.insert("usbtab_ch1_input_prepost", 1);
+        blank.insert("phones_impedance", "high");
         blank.insert("sample_rate", 1);
         folder->write("Blank.jsumglobalmap", QJsonDocument::fromVariant(blank).toJson());
-        store->slotClearGlobalPreset();
+        QTest::ignoreMessage(QtDebugMsg,
+                             "insert missing params from default global preset tone_gen_freq 440");
+        QTest::ignoreMessage(QtDebugMsg,
+                             "remove extra params from default global preset sample_rate");
+        QVERIFY(store->slotClearGlobalPreset());
         QVariantMap wanted = presetdefaults::globals();
         wanted.insert("led_brightness", 7);
+        wanted.insert("miditab_bank2_channel", 16);
+        wanted.insert("usbtab_ch1_input_prepost", true);
         QCOMPARE(recalled(), wanted);
+    }
+
+    void aChangeOfAllIsSavedAndCanBeUndone()
+    {
+        const QByteArray asShipped =
+            QJsonDocument::fromVariant(QVariantMap{{"Global", presetdefaults::globals()}}).toJson();
+        const QByteArray dimmed =
+            QByteArray(asShipped).replace("\"led_brightness\": 16", "\"led_brightness\": 3");
+        read(R"({"Global":{"led_brightness":3}})"); // the rest counts as the factory's
+        store->slotImportGlobalMap({{"Global", presetdefaults::globals()}});
+        QCOMPARE(folder->bytes("backups/before-import.jsumglobalmap"), dimmed);
+        QCOMPARE(store->fileBeforeChange(), folder->file("backups/before-import.jsumglobalmap"));
+        QVERIFY(store->globalSaveTimer->isActive());
+        tick(500);
+        store->slotImportGlobalMap(QJsonDocument::fromJson(dimmed).toVariant().toMap());
+        tick(500);
+        QVERIFY(folder->bytes("global.json") != dimmed);
+        tick(1);
+        QCOMPARE(folder->bytes("global.json"), dimmed);
+
+        store->slotSetDemoModeEnabled(true);
+        store->slotImportGlobalMap({{"Global", QVariantMap()}});
+        QCOMPARE(store->fileBeforeChange(), QString());
+        QCOMPARE(folder->bytes("backups/before-import.jsumglobalmap"), asShipped);
     }
 
     void demoModeLeavesNoTrace()

@@ -55,7 +55,7 @@ private slots:
         QCOMPARE(QJsonObject::fromVariantMap(library.saved()), document);
 
         QVERIFY(library.remove(999) && !library.isFull());
-        library.append({{"preset_name", "one more"}});
+        library.append({QVariantMap{{"preset_name", "one more"}}});
         QCOMPARE(library.keyOfName("one more"), QString("Preset_999"));
         QCOMPARE(saved("Preset_1000").value("preset_name"), QVariant("far"));
 
