@@ -34,6 +34,8 @@ public:
     bool isOpen() const { return file.isOpen(); }
     void close() { file.close(); }
 
+    // In bytes.
+    qint64 size() const { return file.size(); }
     // The whole content; nothing on a read error or beyond 256 MiB.
     std::optional<QByteArray> readAll();
     // Truncates, writes and flushes; after a false the content is undefined.

@@ -3,19 +3,13 @@
 #include "alignedmap.h"
 #include "diskfile.h"
 #include "presetdefaults.h"
+#include "presetnames.h"
 
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-namespace
-{
-
-const QString globalKey = QStringLiteral("Global");
-
-} // namespace
 
 GlobalPresetInterface::GlobalPresetInterface(QObject* parent)
     : QObject(parent)
@@ -28,7 +22,7 @@ GlobalPresetInterface::GlobalPresetInterface(QObject* parent)
 
 void GlobalPresetInterface::setParameters(const QVariantMap& parameters)
 {
-    globalMap.insert(globalKey, parameters);
+    globalMap.insert(globalsKey(), parameters);
 }
 
 void GlobalPresetInterface::slotSetJSONPath() { updatePath(); }
@@ -54,14 +48,14 @@ void GlobalPresetInterface::slotWriteDefaultGlobal()
 
 void GlobalPresetInterface::slotStoreGlobal(QString name, QVariant value)
 {
-    QVariantMap parameters = globalMap.take(globalKey).toMap();
+    QVariantMap parameters = globalMap.take(globalsKey()).toMap();
     parameters.insert(name, value);
     setParameters(parameters);
 }
 
 void GlobalPresetInterface::slotRecallGlobal()
 {
-    emit signalRecallGlobal(globalMap.value(globalKey).toMap());
+    emit signalRecallGlobal(globalMap.value(globalsKey()).toMap());
 }
 
 void GlobalPresetInterface::slotSaveGlobalTimeout()
@@ -86,7 +80,7 @@ bool GlobalPresetInterface::slotClearGlobalPreset()
     qDebug() << "Blank Global JSON Found";
     const QVariantMap blank = QJsonDocument::fromJson(*bytes).object().toVariantMap();
     QVariantMap cleared = globalMap;
-    cleared.insert(globalKey, aligned(blank, Parameter::Store::Global).values);
+    cleared.insert(globalsKey(), aligned(blank, Parameter::Store::Global).values);
     replaceBy(cleared);
     return true;
 }
@@ -111,9 +105,9 @@ void GlobalPresetInterface::keepBefore()
         return;
     slotConstructGlobalDefaultMap();
     QVariantMap parameters = defaultGlobalMap;
-    parameters.insert(globalMap.value(globalKey).toMap());
+    parameters.insert(globalMap.value(globalsKey()).toMap());
     QVariantMap document = globalMap;
-    document.insert(globalKey, parameters);
+    document.insert(globalsKey(), parameters);
     const QString path = pathOf(QStringLiteral("backups/before-import.jsumglobalmap"));
     QDir().mkpath(QFileInfo(path).path());
     if (diskfile::replace(path, QJsonDocument::fromVariant(document).toJson()))

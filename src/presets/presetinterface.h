@@ -65,6 +65,8 @@ public:
     // The state that a cleared preset goes to, without a name: the blank template, with factory
     // values for what it lacks. A file that can't be read lacks everything.
     QVariantMap blankPreset() const;
+    // In their order.
+    QStringList presetNames() const { return library.names(); }
     // As saved; of the preset that follows the mixer the live state.
     QVariantMap presetToExport(int presetNum) const;
     // How many presets can be added. None to an empty library: the first preset is the mixer's.

@@ -4,10 +4,12 @@
 #include <QString>
 #include <QVariantMap>
 
-// The names that have a meaning of their own: the one key of a preset that is no parameter, the
-// preset that follows the mixer, what a setlist's menu offers beside the presets, and the mixer's
-// slots. For whoever deals with presets by name.
+// The names that have a meaning of their own: the keys that are no parameters, the preset that
+// follows the mixer, what a setlist's menu offers beside the presets, and the mixer's slots. For
+// whoever deals with documents and presets by name.
 
+// Around the parameters in the document of the globals.
+inline QString globalsKey() { return QStringLiteral("Global"); }
 inline QString presetNameKey() { return QStringLiteral("preset_name"); }
 inline QString syncPresetName() { return QStringLiteral("[CONNECTION SYNC]"); }
 inline QString emptySlotName() { return QStringLiteral("[OFF]"); }
