@@ -4,6 +4,7 @@
 #include "globalpresetinterface.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace
 {
@@ -95,7 +96,8 @@ void GlobalImportExportHandler::report(const QString& title, const QString& text
         lines.append(phantom);
     const QString& before = globals->fileBeforeChange();
     if (!before.isEmpty())
-        lines.append(QStringLiteral("To undo this, import ") + QDir::toNativeSeparators(before));
+        lines.append(QStringLiteral("To undo this, import ")
+                     + QDir::toNativeSeparators(QFileInfo(before).absoluteFilePath()));
     else if (!globals->isDemoMode())
         lines.append(QStringLiteral("This can't be undone: the settings before it could not be "
                                     "kept in a file."));
