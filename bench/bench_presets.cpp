@@ -1,5 +1,7 @@
 // What the preset library costs as it grows to the format's limit, beside the floor of each figure.
 
+#include "exchange.h"
+#include "importexporthandler.h"
 #include "jsonfile.h"
 #include "librarytext.h"
 #include "presetdefaults.h"
@@ -9,8 +11,11 @@
 #include <QDir>
 #include <QJsonDocument>
 #include <QTemporaryDir>
+#include <QWidget>
 
 #include <benchmark/benchmark.h>
+
+#include <memory>
 
 namespace
 {
@@ -132,6 +137,52 @@ void saveOneChangedPreset(benchmark::State& state)
     }
 }
 BENCHMARK(saveOneChangedPreset)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Files for all but a hundred presets, each with another name and other values: read, named and
+// written once, beside the save above.
+constexpr int importedFiles = mostPresets - 100;
+
+void importOfMany(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QVariantMap library = libraryOf(importedFiles + 1);
+    QStringList paths;
+    for (const QVariant& preset : library) {
+        const QVariantMap map = preset.toMap();
+        const QString name = map.value(QStringLiteral("preset_name")).toString();
+        paths.append(folder.filePath(name + QStringLiteral(".jsumpreset")));
+        if (!exchange::writeFile(paths.last(), exchange::textOf(map)).isEmpty())
+            state.SkipWithError("no file");
+    }
+    paths.removeFirst(); // the mixer's
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto store = std::make_unique<Store>(mostPresets - importedFiles);
+        auto window = std::make_unique<QWidget>();
+        auto* handler = new ImportExportHandler(&store->interface, window.get());
+        state.ResumeTiming();
+        handler->importFiles(paths);
+        state.PauseTiming();
+        if (store->interface.presetCount() != mostPresets)
+            state.SkipWithError("not all came in");
+        window.reset();
+        store.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(importOfMany)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void exportOfAll(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    Store store(mostPresets);
+    for (auto _ : state) {
+        for (int number = 1; number < mostPresets; ++number)
+            exchange::writeFile(folder.filePath(QString::number(number)),
+                                exchange::textOf(store.interface.presetToExport(number)));
+    }
+}
+BENCHMARK(exportOfAll)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 constexpr int parameters = 329;
 
