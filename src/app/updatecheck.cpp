@@ -246,7 +246,9 @@ void UpdateCheck::show(const UpdateResult& result)
                 ->setObjectName(downloadName);
         box->addButton(QStringLiteral("Skip This Version"), QMessageBox::DestructiveRole)
             ->setObjectName(skipName);
-        box->setEscapeButton(box->addButton(QStringLiteral("Later"), QMessageBox::RejectRole));
+        QPushButton* const later = box->addButton(QStringLiteral("Later"), QMessageBox::RejectRole);
+        box->setEscapeButton(later);
+        box->setDefaultButton(later);
     }
     if (isByHand)
         return box->open();

@@ -176,13 +176,11 @@ private slots:
         QTRY_VERIFY(box() != nullptr);
         QCOMPARE(box()->text(), text);
         QCOMPARE(box()->textFormat(), Qt::PlainText);
-        QStringList shown;
+        QSet<QString> shown;
         for (QAbstractButton* button : box()->buttons())
             shown << button->text().remove('&');
-        QStringList wanted = buttons.split('|');
-        shown.sort();
-        wanted.sort();
-        QCOMPARE(shown, wanted);
+        const QStringList wanted = buttons.split('|');
+        QCOMPARE(shown, QSet(wanted.cbegin(), wanted.cend()));
         QVERIFY(plainServer == nullptr || !plainServer->hasPendingConnections());
         plainServer.reset();
     }

@@ -1,4 +1,5 @@
 #include "diskfile.h"
+#include "filesize.h"
 #include "jsonfile.h"
 #include "testcase.h"
 
@@ -13,9 +14,6 @@
 #include <QTextStream>
 #include <QThread>
 
-#include <algorithm>
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,16 +22,6 @@ namespace
 
 const QByteArray oldText = "{\n    \"a\": 1\n}\n";
 const QByteArray newText = "{\n    \"a\": 2,\n    \"b\": true\n}\n";
-
-// As on a full disk, no file grows beyond this size.
-bool limitFileSize(rlim_t bytes)
-{
-    ::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit;
-    ::getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = std::min(bytes, limit.rlim_max);
-    return ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
-}
 
 // Documents of different lengths, in which the last key tells whether the first one's document is
 // all there.
