@@ -58,7 +58,9 @@ QFileDialog* ExchangeHandler::newChooser(const QString& title, const QString& fi
     if (!filter.isEmpty())
         chooser->setNameFilters({filter, QStringLiteral("All files (*)")});
     whenChosen = std::move(chosen);
-    connect(chooser, SIGNAL(filesSelected(QStringList)), this, SLOT(slotChosen(QStringList)));
+    // Queued: it is told before the chooser is closed.
+    connect(chooser, SIGNAL(filesSelected(QStringList)), this, SLOT(slotChosen(QStringList)),
+            Qt::QueuedConnection);
     return chooser;
 }
 

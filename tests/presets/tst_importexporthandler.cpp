@@ -90,6 +90,7 @@ class TestImportExportHandler : public LibraryTest
         QVERIFY(chooser != nullptr);
         chooser->selectFile(path);
         static_cast<QDialog*>(chooser)->accept();
+        QCoreApplication::processEvents();
     }
     // Null unless there is exactly one.
     QFileDialog* openChooser()
