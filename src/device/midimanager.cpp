@@ -3,16 +3,12 @@
 #include "juceports.h"
 
 #include <QDebug>
-#include <QMessageBox>
 
 #include <algorithm>
 #include <utility>
 
 namespace
 {
-
-const QString huiVirtualInput = QStringLiteral("loopMIDI Port 1");
-const QString huiVirtualOutput = QStringLiteral("loopMIDI Port");
 
 // Empty without a match.
 QString lastMatch(const QStringList& names, const QString& wanted)
@@ -69,6 +65,7 @@ void MidiManager::slot_PollDevices()
         emit signal_MidiOutputsChanged();
     if (!inputsChanged && !outputsChanged)
         emit signal_MidiPortsUnchanged();
+    reopenHuiPorts();
 }
 
 void MidiManager::slotRenameDevices(QString inputDevice, QString outputDevice,
@@ -154,58 +151,4 @@ void MidiManager::slotFindAudioDeviceNameOnConnect()
         return;
     qDebug() << "\n============== !!!INCORRECT AUDIO DEVICE NAME!!! ==============\n"
              << names << "\n===============================================================\n";
-}
-
-bool MidiManager::areHuiPortsOpen() const
-{
-    return isInputOpen(huiVirtualInput) && isOutputOpen(huiVirtualOutput)
-        && isInputOpen(controlOutputName) && isOutputOpen(controlOutputName);
-}
-
-void MidiManager::closeHuiPorts()
-{
-    emit signalDisconnectHuiStuff();
-    closeMidiInput(huiControlName);
-    closeMidiOutput(huiControlName);
-    closeMidiInput(huiVirtualInput);
-    closeMidiOutput(huiVirtualOutput);
-}
-
-void MidiManager::slotEnableHuiPort(bool enabled)
-{
-    if (enabled && areHuiPortsOpen())
-        return;
-    // One that is on, but has lost its mixer, is turned on anew.
-    if (!enabled || isInputOpen(huiVirtualInput))
-        closeHuiPorts();
-    if (!enabled)
-        return;
-
-    if (!openMidiInput(huiVirtualInput)) {
-        QMessageBox box(
-            QMessageBox::Critical, QStringLiteral("Error"),
-            QStringLiteral(
-                "The HUI feature requries "
-                "<a href='https://www.tobias-erichsen.de/software/loopmidi.html'>loopMIDI</a>"
-                ", a free virtual MIDI port maker. Please install loopMIDI, create 2 midi ports, "
-                "and try again.<br><br>When adding the ports within loopMIDI, just use the default "
-                "names: 'loopMIDI Port' and 'loopMIDI Port 1'."),
-            QMessageBox::Ok);
-        box.setTextFormat(Qt::RichText);
-        box.exec();
-        emit signalHUIPortButton(false);
-        return;
-    }
-    openMidiOutput(huiVirtualOutput);
-    // The input is opened under the name found for its output: both bear the same name.
-    huiControlName = controlOutputName;
-    openMidiInput(huiControlName);
-    openMidiOutput(huiControlName);
-    emit signalConnectHuiStuff();
-
-    // Light the mixer's bank left and bank right indicators.
-    constexpr int bankLeftNote = 14;
-    constexpr int bankRightNote = 15;
-    outputNoteOn(huiControlName, 0, bankLeftNote, 127);
-    outputNoteOn(huiControlName, 0, bankRightNote, 127);
 }

@@ -71,8 +71,8 @@ public slots:
     void slotRenameDevices(QString inputDevice, QString outputDevice, QString controlInputDevice,
                            QString controlOutputDevice);
     void slotFindAudioDeviceNameOnConnect();
-    // Opens or closes the bridge's four ports. Turning it on while all are open changes nothing;
-    // one whose mixer was away gets its ports anew.
+    // Turns the HUI bridge on or off: opens its four ports or closes those that it opened. What is
+    // so already stays as it is. Without the host's input it stays off, and a box says so.
     void slotEnableHuiPort(bool enabled);
 
     // Queues size bytes, 0xF0 and 0xF7 included, and sends the queue unless in demo mode. All SysEx
@@ -107,18 +107,29 @@ private:
         QString identifier;
     };
 
+    // A port of the HUI bridge, under the name of the moment when the bridge was turned on.
+    struct HuiPort {
+        QString name;
+        bool isInput;
+        QString identifier; // as last seen; empty while the system has no such port
+    };
+
     QList<MidiPortInfo> listInputs();
     QList<MidiPortInfo> listOutputs();
-    bool areHuiPortsOpen() const;
-    void closeHuiPorts();
+    bool openHuiPort(HuiPort& port);
+    void closeHuiPort(const HuiPort& port);
+    void turnHuiOn();
+    void turnHuiOff();
+    void reopenHuiPorts();
+    void reopenHuiPort(HuiPort& port);
+    void tellHuiInputMissing();
+    void lightBankIndicators(const QString& name);
     MidiOutputPort* findOpenOutput(const QString& name, const char* complaint) const;
 
     std::unique_ptr<MidiPorts> systemPorts;
 
     QString sysexOutputName;
     QString controlOutputName;
-    // The one that the HUI bridge has opened; controlOutputName may have changed since.
-    QString huiControlName;
     bool demoMode = false;
     QTimer pollTimer;
     // With their identifiers.
@@ -130,4 +141,6 @@ private:
     QMap<QString, int> openOutputIndex;
     QList<MidiMessage> sysexQueue;
     bool sendingSysex = false;
+    std::vector<HuiPort> huiPorts; // empty while the bridge is off
+    bool huiBoxIsOpen = false;
 };

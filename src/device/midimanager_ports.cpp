@@ -1,6 +1,8 @@
 // MidiManager's listing, opening and closing, the same for both directions.
 #include "midimanager.h"
 
+#include "huiports.h"
+
 #include <QDebug>
 
 namespace
@@ -21,7 +23,7 @@ void removePort(std::vector<OpenPort>& ports, QMap<QString, int>& index, const Q
 // A port that another of its name has replaced is as dead as one whose name is gone.
 template <typename OpenPort>
 void pruneStale(std::vector<OpenPort>& ports, QMap<QString, int>& index,
-                const QList<MidiPortInfo>& present, QLatin1String spared)
+                const QList<MidiPortInfo>& present, const QString& spared)
 {
     for (const QString& name : index.keys()) {
         const QString& identifier = ports[static_cast<std::size_t>(index[name])].identifier;
@@ -44,7 +46,7 @@ template <typename OpenPort> OpenPort& append(std::vector<OpenPort>& ports, Open
 QList<MidiPortInfo> MidiManager::listInputs()
 {
     const QList<MidiPortInfo> ports = systemPorts->inputs();
-    pruneStale(openInputs, openInputIndex, ports, QLatin1String("loopMIDI Port 1"));
+    pruneStale(openInputs, openInputIndex, ports, huiports::input);
     return ports;
 }
 
@@ -52,7 +54,7 @@ QList<MidiPortInfo> MidiManager::listOutputs()
 {
     const QList<MidiPortInfo> ports = systemPorts->outputs();
     // The shorter text spares both virtual ports.
-    pruneStale(openOutputs, openOutputIndex, ports, QLatin1String("loopMIDI Port"));
+    pruneStale(openOutputs, openOutputIndex, ports, huiports::output);
     return ports;
 }
 

@@ -69,6 +69,8 @@ void SysexManager::connectMidiManager()
     connect(midiManager, SIGNAL(signal_MidiPortsUnchanged()), this, SLOT(slotOpenMissingInput()));
     connect(midiManager, SIGNAL(signal_ReceiveMidiInput(QString, MidiMessage)), this,
             SLOT(slotReceiveMidiInput(QString, MidiMessage)));
+    connect(midiManager, SIGNAL(signalConnectHuiStuff()), this, SLOT(slotConnectHuiStuff()));
+    connect(midiManager, SIGNAL(signalDisconnectHuiStuff()), this, SLOT(slotDisconnectHuiStuff()));
     connect(midiManager, SIGNAL(signalHUIPortButton(bool)), this,
             SIGNAL(signalHUIPortButton(bool)));
     connect(this, SIGNAL(signalFindAudioDevicesAfterConnection()), midiManager,
@@ -239,10 +241,4 @@ void SysexManager::slotSetDemoModeEnabled(bool enabled)
 {
     demoMode = enabled;
     midiManager->setDemoMode(enabled);
-}
-
-void SysexManager::slotEnableHuiPort(bool enabled)
-{
-    qDebug() << "SysexMgr called midimanger->enableHUI";
-    midiManager->slotEnableHuiPort(enabled);
 }

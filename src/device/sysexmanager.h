@@ -11,6 +11,9 @@
 #include <memory>
 
 class FirmwareUpdateManager;
+class HuiInputHandler;
+class HuiOutputHandler;
+struct Wire;
 
 // The editor's single gateway to the mixer: follows its ports, decides whether the editor counts as
 // connected, runs the firmware query, dispatches every received message and sends the status
@@ -83,7 +86,13 @@ public slots:
     // Moves the mixer to the mode in which the parameter can be seen.
     void slotFindModeChangeFromParameterName(QString jsonName);
 
+    // The HUI bridge. It needs no connected mixer, but stays off in demo mode. What is so already
+    // stays as it is.
     void slotEnableHuiPort(bool enabled);
+    // Make and wire the bridge's handlers, and undo it; MidiManager calls for them around its
+    // ports.
+    void slotConnectHuiStuff();
+    void slotDisconnectHuiStuff();
 
 signals:
     void signalConnected(bool con);
@@ -153,6 +162,8 @@ private:
     void receiveSlotTransfer(std::span<const uchar, sysex::transferSize> payload);
     void receiveFromControlSurface(const MidiMessage& message);
     void receiveFromHuiHost(const MidiMessage& message);
+    QList<Wire> huiOutputWires();
+    QList<Wire> huiInputWires();
 
     bool connected = false;
     bool viewChangingEnabled = false;
@@ -161,6 +172,9 @@ private:
     QString expectedFirmwareVersion;
     MidiManager* midiManager;
     FirmwareUpdateManager* firmwareManager;
+    // Null while the bridge is off.
+    HuiOutputHandler* huiOutputHandler = nullptr;
+    HuiInputHandler* huiInputHandler = nullptr;
     QTimer* fwQueryTimer;
     QString inputDeviceName;
     QString outputDeviceName;

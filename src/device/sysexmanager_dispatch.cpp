@@ -1,6 +1,7 @@
 // What SysexManager does with received messages.
 #include "sysexmanager.h"
 
+#include "huiports.h"
 #include "modes.h"
 
 #include <QDebug>
@@ -9,8 +10,6 @@
 
 namespace
 {
-
-const QString huiHostInput = QStringLiteral("loopMIDI Port 1");
 
 // Letting go of one of these darkens the mixer's bank indicators.
 bool isBankNote(int note) { return note == 14 || note == 15; }
@@ -23,7 +22,7 @@ void SysexManager::slotReceiveMidiInput(QString sourceName, MidiMessage message)
         receiveSysex(message);
     else if (sourceName.contains(controlInputDeviceName))
         receiveFromControlSurface(message);
-    else if (sourceName.contains(huiHostInput))
+    else if (sourceName.contains(huiports::input))
         receiveFromHuiHost(message);
     else
         qDebug() << "unexpected message received" << sourceName;
