@@ -1,246 +1,50 @@
 #include "alsaports.h"
 
-#include "sequencerpool.h"
-
-#include <QSocketNotifier>
-
 namespace
 {
-
-// The kernel's own limit. Its pools are never resized by themselves, and what does not fit is
-// dropped.
-constexpr size_t largestPool = 2000;
-// An event longer than this buffer would stand in front of all others for ever.
-constexpr size_t inputBuffer = 128 * 1024;
-constexpr int mostEventsAtOnce = 1024;
-
-constexpr unsigned readableCaps = SND_SEQ_PORT_CAP_READ | SND_SEQ_PORT_CAP_SUBS_READ;
-constexpr unsigned writableCaps = SND_SEQ_PORT_CAP_WRITE | SND_SEQ_PORT_CAP_SUBS_WRITE;
-constexpr unsigned portType =
-    SND_SEQ_PORT_TYPE_MIDI_GENERIC | SND_SEQ_PORT_TYPE_SOFTWARE | SND_SEQ_PORT_TYPE_PORT;
-
 constexpr std::array bothPorts{MixerPort::AudioControl, MixerPort::ControlSurface};
-
-QString failure(const char* what, int error)
-{
-    return QStringLiteral("%1: %2").arg(QLatin1String(what),
-                                        QString::fromLocal8Bit(snd_strerror(error)));
 }
 
-// Its own complaints name source files; what goes wrong is told in our words.
-void keepQuiet(const char*, int, const char*, int, const char*, ...) { }
-
-} // namespace
-
-AlsaPorts::AlsaPorts() = default;
-
-AlsaPorts::~AlsaPorts()
+void AlsaPorts::setEvents(Events events)
 {
-    // The notifier's descriptor goes with the sequencer.
-    m_notifier.reset();
-}
-
-QString AlsaPorts::open()
-{
-    snd_lib_error_set_handler(keepQuiet);
-    snd_seq_t* seq = nullptr;
-    if (const int error = snd_seq_open(&seq, "default", SND_SEQ_OPEN_DUPLEX, SND_SEQ_NONBLOCK);
-        error < 0)
-        return failure("This machine has no MIDI sequencer (/dev/snd/seq)", error);
-    m_seq.reset(seq);
-    snd_midi_event_t* codec = nullptr;
-    if (const int error = snd_midi_event_new(MixerPorts::largestPiece, &codec); error < 0)
-        return failure("no MIDI codec", error);
-    m_codec.reset(codec);
-    // Every event is to be whole by itself.
-    snd_midi_event_no_status(codec, 1);
-
-    snd_seq_set_client_name(seq, "J-Sum");
-    snd_seq_set_client_pool_output(seq, largestPool);
-    snd_seq_set_client_pool_output_room(seq, 1);
-    snd_seq_set_client_pool_input(seq, largestPool);
-    if (const int error = snd_seq_set_input_buffer_size(seq, inputBuffer); error < 0)
-        return failure("no input buffer", error);
-
-    pollfd descriptor{};
-    if (snd_seq_poll_descriptors(seq, &descriptor, 1, POLLIN) != 1)
-        return QStringLiteral("the sequencer cannot be waited for");
-    m_notifier = std::make_unique<QSocketNotifier>(descriptor.fd, QSocketNotifier::Read);
-    connect(m_notifier.get(), SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), this,
-            SLOT(slotReadEvents()));
-    return {};
+    m_client.setEvents({[this, received = events.received](int id, const QByteArray& bytes) {
+                            received(id == idOf(MixerPort::ControlSurface)
+                                         ? MixerPort::ControlSurface
+                                         : MixerPort::AudioControl,
+                                     bytes);
+                        },
+                        events.tell});
 }
 
 QString AlsaPorts::show(bool readable, bool writable)
 {
-    const unsigned caps = (readable ? readableCaps : 0) | (writable ? writableCaps : 0);
+    const bool visible = readable || writable;
     for (const MixerPort port : bothPorts) {
         int& id = m_ids[indexOf(port)];
-        if (caps == 0) {
+        if (!visible) {
             if (id >= 0)
-                snd_seq_delete_simple_port(m_seq.get(), id);
+                m_client.removePort(id);
             id = -1;
-            m_assemblers[indexOf(port)].clear();
         } else if (id < 0) {
-            id = snd_seq_create_simple_port(m_seq.get(), portName(port).toLatin1().constData(),
-                                            caps, portType);
+            id = m_client.addPort(portName(port), readable, writable);
             if (id < 0)
-                return failure("no port", id);
-        } else {
-            snd_seq_port_info_t* info = nullptr;
-            snd_seq_port_info_alloca(&info);
-            int error = snd_seq_get_port_info(m_seq.get(), id, info);
-            snd_seq_port_info_set_capability(info, caps);
-            if (error >= 0)
-                error = snd_seq_set_port_info(m_seq.get(), id, info);
-            if (error < 0)
-                return failure("the port cannot be changed", error);
+                return m_client.describe("no port", id);
+        } else if (const QString error = m_client.changePort(id, readable, writable);
+                   !error.isEmpty()) {
+            return error;
         }
     }
-    if (caps == 0) {
-        snd_seq_drop_output(m_seq.get());
-        snd_seq_drop_input(m_seq.get());
-    }
+    if (!visible)
+        m_client.dropAll();
     return {};
 }
 
 bool AlsaPorts::hasRoom(MixerPort port, qsizetype size)
 {
-    if (idOf(port) < 0)
-        return true;
-    pollfd descriptor{};
-    snd_seq_poll_descriptors(m_seq.get(), &descriptor, 1, POLLIN);
-    snd_seq_addr_t root{};
-    root.client = static_cast<unsigned char>(snd_seq_client_id(m_seq.get()));
-    root.port = static_cast<unsigned char>(idOf(port));
-    snd_seq_query_subscribe_t* query = nullptr;
-    snd_seq_query_subscribe_alloca(&query);
-    snd_seq_query_subscribe_set_root(query, &root);
-    snd_seq_query_subscribe_set_type(query, SND_SEQ_QUERY_SUBS_READ);
-    for (int i = 0;; ++i) {
-        snd_seq_query_subscribe_set_index(query, i);
-        if (snd_seq_query_port_subscribers(m_seq.get(), query) < 0)
-            return true;
-        const int listener = snd_seq_query_subscribe_get_addr(query)->client;
-        if (!sequencerpool::hasRoom(descriptor.fd, listener, static_cast<int>(size)))
-            return false;
-    }
+    return idOf(port) < 0 || m_client.hasRoom(idOf(port), size);
 }
 
 bool AlsaPorts::send(MixerPort port, const QByteArray& bytes)
 {
-    const int id = idOf(port);
-    if (id < 0 || bytes.isEmpty())
-        return false;
-    const auto first = static_cast<quint8>(bytes[0]);
-    // Data bytes in front continue a long SysEx.
-    if (first != 0xF0 && first >= 0x80)
-        return sendShort(port, bytes);
-    snd_seq_event_t event;
-    snd_seq_ev_clear(&event);
-    QByteArray copy = bytes;
-    snd_seq_ev_set_sysex(&event, static_cast<unsigned>(copy.size()), copy.data());
-    return sendEvent(event, port);
-}
-
-bool AlsaPorts::sendShort(MixerPort port, const QByteArray& bytes)
-{
-    snd_midi_event_reset_encode(m_codec.get());
-    bool sent = false;
-    for (const char byte : bytes) {
-        snd_seq_event_t event;
-        snd_seq_ev_clear(&event);
-        if (snd_midi_event_encode_byte(m_codec.get(), static_cast<quint8>(byte), &event) != 1)
-            continue;
-        if (!sendEvent(event, port))
-            return false;
-        sent = true;
-    }
-    return sent;
-}
-
-bool AlsaPorts::sendEvent(snd_seq_event_t& event, MixerPort port)
-{
-    snd_seq_ev_set_source(&event, static_cast<unsigned char>(idOf(port)));
-    snd_seq_ev_set_subs(&event);
-    snd_seq_ev_set_direct(&event);
-    return snd_seq_event_output_direct(m_seq.get(), &event) >= 0;
-}
-
-void AlsaPorts::slotReadEvents()
-{
-    for (int i = 0; i < mostEventsAtOnce; ++i) {
-        snd_seq_event_t* event = nullptr;
-        const int result = snd_seq_event_input(m_seq.get(), &event);
-        if (result == -ENOSPC) {
-            m_events.tell(QStringLiteral("the host sends too fast: messages were lost"));
-            continue;
-        }
-        if (result < 0)
-            return;
-        if (event)
-            handle(*event);
-    }
-    // The rest may be in the library's buffer, where no notifier sees it.
-    QMetaObject::invokeMethod(this, "slotReadEvents", Qt::QueuedConnection);
-}
-
-void AlsaPorts::handle(const snd_seq_event_t& event)
-{
-    MixerPort port = MixerPort::AudioControl;
-    if (event.dest.port == idOf(MixerPort::ControlSurface))
-        port = MixerPort::ControlSurface;
-    else if (event.dest.port != idOf(MixerPort::AudioControl))
-        return;
-    const int sender = event.source.client << 8 | event.source.port;
-    switch (event.type) {
-    case SND_SEQ_EVENT_PORT_SUBSCRIBED:
-    case SND_SEQ_EVENT_PORT_UNSUBSCRIBED: {
-        const auto& way = event.data.connect;
-        m_events.tell(QStringLiteral("%1:%2 %3 %4:%5 (%6)")
-                          .arg(way.sender.client)
-                          .arg(way.sender.port)
-                          .arg(event.type == SND_SEQ_EVENT_PORT_SUBSCRIBED
-                                   ? QStringLiteral("connects to")
-                                   : QStringLiteral("leaves"))
-                          .arg(way.dest.client)
-                          .arg(way.dest.port)
-                          .arg(portName(port)));
-        return;
-    }
-    case SND_SEQ_EVENT_SYSEX: {
-        const QByteArray piece(static_cast<const char*>(event.data.ext.ptr),
-                               static_cast<qsizetype>(event.data.ext.len));
-        handlePiece(port, sender, piece);
-        return;
-    }
-    default:
-        break;
-    }
-    std::array<unsigned char, 16> bytes{};
-    const auto size = snd_midi_event_decode(m_codec.get(), bytes.data(), bytes.size(), &event);
-    if (size <= 0) {
-        m_events.tell(QStringLiteral("event of type %1, which is no MIDI").arg(event.type));
-        return;
-    }
-    // Real-time messages may stand inside a SysEx; all others end it.
-    if (bytes[0] < 0xF8)
-        report(port, m_assemblers[indexOf(port)].interrupt(sender));
-    m_events.received(port, QByteArray(reinterpret_cast<const char*>(bytes.data()), size));
-}
-
-void AlsaPorts::handlePiece(MixerPort port, int sender, const QByteArray& piece)
-{
-    report(port, m_assemblers[indexOf(port)].add(sender, piece));
-}
-
-void AlsaPorts::report(MixerPort port, const QList<SysexAssembler::Result>& results)
-{
-    for (const auto& result : results) {
-        if (result.kind == SysexAssembler::Result::Kind::TooLong)
-            m_events.tell(QStringLiteral("a SysEx of more than %1 bytes is dropped")
-                              .arg(SysexAssembler::largestMessage));
-        else
-            m_events.received(port, result.bytes);
-    }
+    return m_client.send(idOf(port), bytes);
 }

@@ -1,35 +1,24 @@
 #include "commands.h"
 
+#include "lineparts.h"
 #include "statereport.h"
-
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <limits>
 #include <map>
 #include <optional>
 
+using lineparts::number;
+
 namespace
 {
 
-constexpr qsizetype longestRaw = 4 * 1024 * 1024;
 constexpr int longestDelayMs = 600'000;
 
 Commands::Reply ok(const QString& text = QStringLiteral("ok")) { return {{}, text, false, false}; }
 Commands::Reply error(const QString& text)
 {
     return {{}, QStringLiteral("error: ") + text, false, false};
-}
-
-// Decimal, or hexadecimal behind 0x, within the range.
-std::optional<int> number(const QString& word, int smallest, int largest)
-{
-    bool good = false;
-    const bool hex = word.startsWith(QLatin1String("0x"));
-    const int value = hex ? word.mid(2).toInt(&good, 16) : word.toInt(&good, 10);
-    if (!good || value < smallest || value > largest)
-        return {};
-    return value;
 }
 
 std::optional<int> parameterValue(const QString& word)
@@ -44,25 +33,6 @@ std::optional<int> parameterValue(const QString& word)
 Commands::Reply noNumber(const QString& word)
 {
     return error(QStringLiteral("\"%1\" is no number in range").arg(word));
-}
-
-// "f0 00f7", and "41*1000" for as many bytes. Nothing where a word is none of these, or too much.
-std::optional<QByteArray> rawBytes(const QStringList& words)
-{
-    static const QRegularExpression form(
-        QStringLiteral("^((?:[0-9A-Fa-f]{2})+)(?:\\*([0-9]{1,7}))?$"));
-    QByteArray bytes;
-    for (const QString& word : words) {
-        const auto match = form.match(word);
-        if (!match.hasMatch())
-            return {};
-        const QByteArray once = QByteArray::fromHex(match.captured(1).toLatin1());
-        const int times = match.captured(2).isEmpty() ? 1 : match.captured(2).toInt();
-        if (times < 1 || bytes.size() + once.size() * times > longestRaw)
-            return {};
-        bytes += once.repeated(times);
-    }
-    return bytes;
 }
 
 } // namespace
@@ -102,14 +72,10 @@ Commands::Reply Commands::run(const QString& line)
     Words words = line.simplified().split(u' ', Qt::SkipEmptyParts);
     if (words.isEmpty())
         return {};
-    const QString name = words.takeFirst();
-    const auto command = std::find_if(all().begin(), all().end(), [&name](const Command& one) {
-        return name == QLatin1String(one.name);
-    });
-    if (command == all().end())
-        return error(QStringLiteral("no command \"%1\"; try help").arg(name.left(40)));
-    if (words.size() < command->fewest || words.size() > command->most)
-        return error(QStringLiteral("usage: ") + QLatin1String(command->usage));
+    QString wrong;
+    const Command* command = lineparts::pick(all(), words, wrong);
+    if (!command)
+        return error(wrong);
     return (this->*command->handler)(words);
 }
 
@@ -234,10 +200,10 @@ Commands::Reply Commands::hui(const Words& words)
 
 Commands::Reply Commands::raw(const Words& words)
 {
-    const auto bytes = rawBytes(words);
+    const auto bytes = lineparts::bytes(words);
     if (!bytes)
         return error(QStringLiteral("bytes as pairs of hexadecimal digits, at most %1 in all")
-                         .arg(longestRaw));
+                         .arg(lineparts::longestBytes));
     m_simulator.send(MixerPort::AudioControl, *bytes);
     return sent();
 }
@@ -308,10 +274,10 @@ Commands::Reply Commands::firmware(const Words& words)
 
 Commands::Reply Commands::muteVersion(const Words& words)
 {
-    const bool on = words[0] == QLatin1String("on");
-    if (!on && words[0] != QLatin1String("off"))
+    const auto on = lineparts::onOff(words[0]);
+    if (!on)
         return error(QStringLiteral("usage: mute-version on|off"));
-    m_simulator.mixer().setAnswersVersion(!on);
+    m_simulator.mixer().setAnswersVersion(!*on);
     return ok();
 }
 

@@ -18,9 +18,6 @@ public:
         std::function<void(const QString&)> tell;
     };
 
-    // What a SysEx longer than this is cut into.
-    static constexpr qsizetype largestPiece = 256;
-
     virtual ~MixerPorts() = default;
 
     virtual void setEvents(Events events) = 0;

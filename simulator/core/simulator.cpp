@@ -2,14 +2,14 @@
 
 #include "messageprinter.h"
 
+#include <utility>
+
 namespace
 {
 
 constexpr int saveDelayMs = 1000;
 // Some sixty dumps; who asks for more than that at a time gets no more.
 constexpr size_t mostQueued = 20000;
-constexpr int roomRetryMs = 2;
-constexpr int roomPatienceMs = 5000;
 
 const QString mixerKey = QStringLiteral("mixer");
 const QString formatKey = QStringLiteral("format");
@@ -199,7 +199,7 @@ void Simulator::unplug()
     m_secondTimer.stop();
     m_sendTimer.stop();
     m_queue.clear();
-    m_waitForRoom.invalidate();
+    m_patience.forget();
     if (!isPlugged())
         return;
     show(false, false);
@@ -233,17 +233,13 @@ void Simulator::send(MixerPort port, const QByteArray& message)
 {
     if (!isPlugged())
         return;
-    const qsizetype pieceSize =
-        frames::byteAt(message, 0) == 0xF0 ? MixerPorts::largestPiece : message.size();
-    for (qsizetype at = 0; at < message.size(); at += pieceSize) {
+    QString line = messageprinter::line(messageprinter::Direction::ToHost, port, message);
+    for (const QByteArray& piece : piecesOf(message)) {
         if (m_queue.size() >= mostQueued) {
             tell(QStringLiteral("the queue to the host is full, a message is dropped"));
             return;
         }
-        m_queue.push_back(
-            {port, message.mid(at, pieceSize),
-             at > 0 ? QString()
-                    : messageprinter::line(messageprinter::Direction::ToHost, port, message)});
+        m_queue.push_back({port, piece, std::exchange(line, {})});
     }
     if (!m_sendTimer.isActive())
         slotSendQueued();
@@ -257,8 +253,9 @@ void Simulator::slotSendQueued()
             m_sendTimer.start(static_cast<int>((wait + 999) / 1000));
             return;
         }
-        if (mustWaitForRoom(m_queue.front())) {
-            m_sendTimer.start(roomRetryMs);
+        const Outgoing& first = m_queue.front();
+        if (m_patience.mustWait(m_ports->hasRoom(first.port, first.bytes.size()))) {
+            m_sendTimer.start(RoomPatience::retryMs);
             return;
         }
         const Outgoing next = std::move(m_queue.front());
@@ -268,16 +265,4 @@ void Simulator::slotSendQueued()
         if (!sent || !next.line.isEmpty())
             emit signalLine(next.line + (sent ? QString() : QStringLiteral(" | not delivered")));
     }
-}
-
-bool Simulator::mustWaitForRoom(const Outgoing& next)
-{
-    if (m_ports->hasRoom(next.port, next.bytes.size())) {
-        m_waitForRoom.invalidate();
-        return false;
-    }
-    if (!m_waitForRoom.isValid())
-        m_waitForRoom.start();
-    // Whoever has stopped listening for good must not hold up the others.
-    return m_waitForRoom.elapsed() < roomPatienceMs;
 }

@@ -2,6 +2,7 @@
 
 #include "mixerports.h"
 #include "pacer.h"
+#include "roompatience.h"
 #include "simulatedmixer.h"
 #include "statefile.h"
 
@@ -83,7 +84,6 @@ private:
     void show(bool readable, bool writable);
     void tell(const QString& text);
     void received(MixerPort port, const QByteArray& message);
-    bool mustWaitForRoom(const Outgoing& next);
     QString storeFirmwareState(const std::function<void(FirmwareState&)>& change);
 
     std::unique_ptr<MixerPorts> m_ports;
@@ -103,7 +103,7 @@ private:
     std::deque<Outgoing> m_queue;
     Pacer m_pacer;
     QElapsedTimer m_clock;
-    QElapsedTimer m_waitForRoom;
+    RoomPatience m_patience;
     QTimer m_sendTimer;
     QTimer m_saveTimer;
 };
