@@ -2,6 +2,7 @@
 
 #include "faderbank.h"
 #include "messagemonitor.h"
+#include "surfacepanel.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -76,6 +77,7 @@ PanelWindow::PanelWindow(Simulator& simulator, QWidget* parent)
     : QWidget(parent)
     , m_simulator(simulator)
     , m_faders(new FaderBank(simulator))
+    , m_surface(new SurfacePanel(simulator))
     , m_monitor(new MessageMonitor)
 {
     setWindowTitle(QStringLiteral("J-Sum Simulator"));
@@ -89,15 +91,19 @@ PanelWindow::PanelWindow(Simulator& simulator, QWidget* parent)
     QBoxLayout* faders = nullptr;
     QWidget* faderPanel = makePanel(QStringLiteral("FADERS"), this, faders);
     faders->addWidget(m_faders, 1);
+    QBoxLayout* surface = nullptr;
+    QWidget* surfacePanel = makePanel(QStringLiteral("CONTROL SURFACE"), this, surface);
+    surface->addWidget(m_surface);
     layout->addWidget(makeHead(), 0, 0, 1, 2);
     layout->addWidget(makeSelection(), 1, 0);
     layout->addWidget(makeParameter(), 1, 1);
     layout->addWidget(faderPanel, 2, 0);
     layout->addWidget(makeFirmware(), 2, 1);
-    layout->addWidget(m_monitor, 3, 0, 1, 2);
+    layout->addWidget(surfacePanel, 3, 0, 1, 2);
+    layout->addWidget(m_monitor, 4, 0, 1, 2);
     layout->setColumnStretch(0, 1);
-    layout->setRowStretch(3, 1);
-    resize(1120, 800);
+    layout->setRowStretch(4, 1);
+    resize(1120, 960);
 
     m_refreshTimer.setSingleShot(true);
     m_refreshTimer.setInterval(refreshDelayMs);
@@ -233,6 +239,7 @@ QWidget* PanelWindow::makeFirmware()
 void PanelWindow::slotRefresh()
 {
     m_faders->refresh();
+    m_surface->refresh();
     check(m_modes, m_simulator.mixer().mode());
     check(m_channels, m_simulator.mixer().channel());
     refreshCable();

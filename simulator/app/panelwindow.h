@@ -14,9 +14,11 @@ class QLineEdit;
 class QPushButton;
 class QSlider;
 class QSpinBox;
+class SurfacePanel;
 
 // The mixer's panel as a window: cable, restart, modes, channels, faders, any parameter, firmware,
-// and the running monitor. Owned by main; everything in it acts on the Simulator.
+// the control surface and the running monitor. Owned by main; everything in it acts on the
+// Simulator.
 class PanelWindow : public QWidget
 {
     Q_OBJECT
@@ -47,6 +49,7 @@ private:
 
     Simulator& m_simulator;
     FaderBank* m_faders;
+    SurfacePanel* m_surface;
     MessageMonitor* m_monitor;
     QLabel* m_status = nullptr;
     QPushButton* m_cable = nullptr;

@@ -51,6 +51,8 @@ const std::vector<Commands::Command>& Commands::all()
         {"cc", "cc CHANNEL NUMBER VALUE", &Commands::controlChange, 3, 3},
         {"note", "note CHANNEL NUMBER VELOCITY", &Commands::note, 3, 3},
         {"hui", "hui SUBTYPE CHANNEL VALUE", &Commands::hui, 3, 3},
+        {"surface", "surface fader|touch|mute|solo|record|bank|transport|map WHICH [VALUE]",
+         &Commands::surface, 2, 3},
         {"raw", "raw HEX[*COUNT]...", &Commands::raw, 1, any},
         {"unplug", "unplug", &Commands::unplug, 0, 0},
         {"plug", "plug [inputs-first MS | outputs-first MS]", &Commands::plug, 0, 2},

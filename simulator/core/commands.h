@@ -47,6 +47,7 @@ private:
     Reply controlChange(const Words& words);
     Reply note(const Words& words);
     Reply hui(const Words& words);
+    Reply surface(const Words& words);
     Reply raw(const Words& words);
     Reply unplug(const Words&);
     Reply plug(const Words& words);

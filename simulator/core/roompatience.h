@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QByteArray>
 #include <QElapsedTimer>
-#include <QList>
 
 // How long a reader without room is waited for: it loses all that waits for it once its input
 // overflows, but one that has stopped reading for good must not hold up the others.
@@ -28,17 +26,3 @@ public:
 private:
     QElapsedTimer m_waiting;
 };
-
-// What a SysEx is cut into on its way through the sequencer.
-constexpr qsizetype largestPiece = 256;
-
-// All other messages stay whole.
-inline QList<QByteArray> piecesOf(const QByteArray& message)
-{
-    if (message.isEmpty() || static_cast<quint8>(message[0]) != 0xF0)
-        return {message};
-    QList<QByteArray> pieces;
-    for (qsizetype at = 0; at < message.size(); at += largestPiece)
-        pieces.append(message.mid(at, largestPiece));
-    return pieces;
-}

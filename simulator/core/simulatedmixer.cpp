@@ -21,6 +21,9 @@ bool canCarry(const Parameter& parameter, int value)
 
 SimulatedMixer::SimulatedMixer(Callbacks callbacks)
     : m_callbacks(std::move(callbacks))
+    , m_controls({m_callbacks.send, [this](const QString& name) {
+                      return m_globals[static_cast<size_t>(globalTable().find(name))];
+                  }})
 {
     m_slots.fill(presetTable().factoryValues());
 }
@@ -90,7 +93,9 @@ void SimulatedMixer::receiveSurface(const QByteArray& message)
     }
     const SurfaceAddress address{kind == 0x80 ? 0x90 : kind, (status & 0x0F) + 1,
                                  byteAt(message, 1)};
-    m_surface[address] = kind == 0x80 ? 0 : byteAt(message, 2);
+    const int value = kind == 0x80 ? 0 : byteAt(message, 2);
+    m_surface[address] = value;
+    m_controls.receive(address.status, address.channel, address.number, value);
 }
 
 void SimulatedMixer::receiveParameter(const QByteArray& message, const ParameterTable& table,
@@ -264,6 +269,7 @@ void SimulatedMixer::powerUp()
     m_communicationEnded = false;
     m_lights = {};
     m_surface.clear();
+    m_controls.powerUp();
 }
 
 SimulatedMixer::Values SimulatedMixer::randomValues(const ParameterTable& table, quint32 seed)

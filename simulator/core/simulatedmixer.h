@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controlsurface.h"
 #include "firmwareversion.h"
 #include "frames.h"
 #include "parametertable.h"
@@ -89,6 +90,8 @@ public:
     // The last value that the host sent to each fader, rotary and button light of the control
     // surface.
     const std::map<SurfaceAddress, int>& surface() const { return m_surface; }
+    ControlSurface& controls() { return m_controls; }
+    const ControlSurface& controls() const { return m_controls; }
 
     // The part of the state file that is the mixer's. Values equal to the factory's are left out of
     // it. Reading takes what is usable and returns a line for each thing that is not.
@@ -123,4 +126,5 @@ private:
     EndMarker m_endMarker = EndMarker::Once;
     std::array<Lights, 3> m_lights{}; // mute, solo, record
     std::map<SurfaceAddress, int> m_surface;
+    ControlSurface m_controls;
 };

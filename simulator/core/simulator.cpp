@@ -1,6 +1,7 @@
 #include "simulator.h"
 
 #include "messageprinter.h"
+#include "pieces.h"
 
 #include <utility>
 

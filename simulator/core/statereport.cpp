@@ -16,6 +16,22 @@ QString digits(const SimulatedMixer::Lights& lights)
     return text;
 }
 
+void addControls(QStringList& lines, const ControlSurface& controls)
+{
+    QString positions;
+    SimulatedMixer::Lights touched{};
+    for (int strip = 0; strip < ControlSurface::strips; ++strip) {
+        positions += QStringLiteral(" %1").arg(controls.position(strip));
+        touched[static_cast<size_t>(strip)] = controls.isTouched(strip);
+    }
+    lines.append(QStringLiteral("light bank %1%2")
+                     .arg(int{controls.bankLight(0)})
+                     .arg(int{controls.bankLight(1)}));
+    lines.append(QStringLiteral("surface map %1").arg(controls.mapBank()));
+    lines.append(QStringLiteral("surface faders") + positions);
+    lines.append(QStringLiteral("surface touched ") + digits(touched));
+}
+
 int differences(const SimulatedMixer::Values& one, const SimulatedMixer::Values& other)
 {
     int count = 0;
@@ -45,6 +61,7 @@ void addMixer(QStringList& lines, const SimulatedMixer& mixer)
     lines.append(QStringLiteral("light mute ") + digits(mixer.lights(0x11)));
     lines.append(QStringLiteral("light solo ") + digits(mixer.lights(0x12)));
     lines.append(QStringLiteral("light record ") + digits(mixer.lights(0x13)));
+    addControls(lines, mixer.controls());
     for (const auto& [address, value] : mixer.surface()) {
         lines.append(
             QStringLiteral("surface %1 %2 %3 %4")

@@ -1,10 +1,6 @@
 #include "sysexassembler.h"
 
-namespace
-{
-constexpr quint8 sysexStart = 0xF0;
-constexpr quint8 sysexEnd = 0xF7;
-} // namespace
+#include "pieces.h"
 
 QList<SysexAssembler::Result> SysexAssembler::add(int sender, const QByteArray& piece)
 {

@@ -1,6 +1,6 @@
 #include "sequencerclient.h"
 
-#include "roompatience.h"
+#include "pieces.h"
 #include "sequencerpool.h"
 
 #include <QSocketNotifier>
