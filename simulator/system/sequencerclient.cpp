@@ -124,7 +124,10 @@ std::optional<SequencerClient::Address> SequencerClient::findPort(const QString&
         snd_seq_port_info_set_client(port, number);
         snd_seq_port_info_set_port(port, -1);
         while (snd_seq_query_next_port(m_seq.get(), port) >= 0) {
-            if (name == QString::fromLocal8Bit(snd_seq_port_info_get_name(port)))
+            // A program's end of a connection may bear the other end's name; nobody can open it.
+            const bool isOpenToAll = snd_seq_port_info_get_capability(port)
+                & (SND_SEQ_PORT_CAP_SUBS_READ | SND_SEQ_PORT_CAP_SUBS_WRITE);
+            if (isOpenToAll && name == QString::fromLocal8Bit(snd_seq_port_info_get_name(port)))
                 return Address{number, snd_seq_port_info_get_port(port)};
         }
     }

@@ -47,7 +47,7 @@ public:
     // What is still on its way in or out.
     void dropAll();
 
-    // The first port of exactly this name, of any client but this one.
+    // The first port of exactly this name that others may open, of any client but this one.
     std::optional<Address> findPort(const QString& name) const;
     // Whatever leaves there comes to our port, or whatever leaves ours goes there.
     bool readFrom(int port, Address there);

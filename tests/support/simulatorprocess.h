@@ -1,111 +1,24 @@
 #pragma once
 
-#include <QProcess>
-#include <QRegularExpression>
-#include <QStringList>
-#include <QTest>
+#include "lineprocess.h"
 
-// A jsum-simulator in a process of its own, driven by its line commands. What it prints, every
-// message both ways among it, is kept and can be waited for. Machines that emulate are slow: the
-// waits are long, and end at once when what they wait for is there.
-class SimulatorProcess
+// A jsum-simulator. Every message both ways is among its lines.
+class SimulatorProcess : public LineProcess
 {
 public:
-    static constexpr int patienceMs = 120000;
-
     // program: the simulator. stateFile: where its memory lives.
     SimulatorProcess(const QString& program, const QString& stateFile)
+        : LineProcess(program)
+        , m_stateFile(stateFile)
     {
-        m_process.setProcessChannelMode(QProcess::MergedChannels);
-        m_program = program;
-        m_stateFile = stateFile;
     }
-    ~SimulatorProcess() { stop(); }
 
     bool start(const QStringList& more = {})
     {
-        m_process.start(m_program, QStringList{"--headless", "--state", m_stateFile} + more);
-        return m_process.waitForStarted(patienceMs) && command("state");
+        return LineProcess::start(QStringList{"--headless", "--state", m_stateFile} + more)
+            && command("state");
     }
-
-    void stop()
-    {
-        if (m_process.state() == QProcess::NotRunning)
-            return;
-        m_process.closeWriteChannel();
-        if (!m_process.waitForFinished(patienceMs))
-            m_process.kill();
-    }
-
-    // Whether the simulator took the command.
-    bool command(const QByteArray& line)
-    {
-        tell(line);
-        const bool taken = hasAnswered() && m_answer.startsWith("ok");
-        if (!taken)
-            qWarning() << "simulator:" << line << m_answer;
-        return taken;
-    }
-
-    // Gives the command at once, with no event passing here. Its answer is among the lines.
-    void tell(const QByteArray& line)
-    {
-        ++m_unanswered;
-        m_process.write(line + '\n');
-        m_process.waitForBytesWritten(patienceMs);
-    }
-    // Waits for the answers to all that it was told.
-    bool hasAnswered()
-    {
-        return wait([this] { return m_unanswered == 0; });
-    }
-
-    // How many lines since the mark match.
-    int count(const QString& pattern)
-    {
-        read();
-        return int(m_lines.filter(QRegularExpression(pattern)).size());
-    }
-    bool waitFor(const QString& pattern, int times = 1)
-    {
-        return wait([&] { return count(pattern) >= times; });
-    }
-    // Forgets what was printed up to here.
-    void mark()
-    {
-        read();
-        m_lines.clear();
-    }
-    QStringList linesSinceMark() const { return m_lines; }
 
 private:
-    template <typename Condition> bool wait(Condition condition)
-    {
-        return QTest::qWaitFor(
-            [&] {
-                read();
-                return condition();
-            },
-            patienceMs);
-    }
-    void read()
-    {
-        m_rest += m_process.readAll();
-        for (auto end = m_rest.indexOf('\n'); end >= 0; end = m_rest.indexOf('\n')) {
-            m_lines.append(QString::fromUtf8(m_rest.left(end)));
-            m_rest.remove(0, end + 1);
-            if (m_lines.last().startsWith("ok") || m_lines.last().startsWith("error: ")) {
-                m_answer = m_lines.last();
-                --m_unanswered;
-            }
-        }
-    }
-
-    QString m_program;
     QString m_stateFile;
-    QProcess m_process;
-    QByteArray m_rest;
-    QStringList m_lines; // since the mark
-    QString m_answer;
-    int m_unanswered = 0;
 };
