@@ -13,11 +13,7 @@ Headless::Headless(Simulator& simulator, bool stay, QObject* parent)
     connect(&simulator, SIGNAL(signalPlugged(bool)), this, SLOT(slotPlugged()));
 }
 
-void Headless::slotPrint(const QString& line)
-{
-    LineInput::print(line);
-    LineInput::flush();
-}
+void Headless::slotPrint(const QString& line) { LineInput::print(line); }
 
 void Headless::slotRunCommands()
 {
@@ -27,7 +23,7 @@ void Headless::slotRunCommands()
             break;
         const Commands::Reply reply = m_commands.run(*line);
         for (const QString& text : reply.lines)
-            LineInput::print(text);
+            LineInput::queue(text);
         if (reply.waitsForPlug) {
             m_heldAnswer = reply.answer;
             return;

@@ -1,6 +1,5 @@
 #include "commands.h"
 
-#include "lineparts.h"
 #include "statereport.h"
 
 #include <algorithm>
@@ -8,18 +7,14 @@
 #include <map>
 #include <optional>
 
+using lineparts::error;
 using lineparts::number;
+using lineparts::ok;
 
 namespace
 {
 
 constexpr int longestDelayMs = 600'000;
-
-Commands::Reply ok(const QString& text = QStringLiteral("ok")) { return {{}, text, false, false}; }
-Commands::Reply error(const QString& text)
-{
-    return {{}, QStringLiteral("error: ") + text, false, false};
-}
 
 std::optional<int> parameterValue(const QString& word)
 {
@@ -37,11 +32,9 @@ Commands::Reply noNumber(const QString& word)
 
 } // namespace
 
-const std::vector<Commands::Command>& Commands::all()
+const std::vector<lineparts::Command<Commands>>& Commands::all()
 {
-    constexpr int any = std::numeric_limits<int>::max();
-    static const std::vector<Command> commands{
-        {"help", "help", &Commands::help, 0, 0},
+    static const std::vector<lineparts::Command<Commands>> commands{
         {"set", "set NAME VALUE", &Commands::set, 2, 2},
         {"global", "global NAME VALUE", &Commands::setGlobal, 2, 2},
         {"map", "map NAME VALUE", &Commands::setMapping, 2, 2},
@@ -53,7 +46,7 @@ const std::vector<Commands::Command>& Commands::all()
         {"hui", "hui SUBTYPE CHANNEL VALUE", &Commands::hui, 3, 3},
         {"surface", "surface fader|touch|mute|solo|record|bank|transport|map WHICH [VALUE]",
          &Commands::surface, 2, 3},
-        {"raw", "raw HEX[*COUNT]...", &Commands::raw, 1, any},
+        {"raw", "raw HEX[*COUNT]...", &Commands::raw, 1, lineparts::anyNumber},
         {"unplug", "unplug", &Commands::unplug, 0, 0},
         {"plug", "plug [inputs-first MS | outputs-first MS]", &Commands::plug, 0, 2},
         {"restart", "restart", &Commands::restart, 0, 0},
@@ -69,30 +62,12 @@ const std::vector<Commands::Command>& Commands::all()
     return commands;
 }
 
-Commands::Reply Commands::run(const QString& line)
-{
-    Words words = line.simplified().split(u' ', Qt::SkipEmptyParts);
-    if (words.isEmpty())
-        return {};
-    QString wrong;
-    const Command* command = lineparts::pick(all(), words, wrong);
-    if (!command)
-        return error(wrong);
-    return (this->*command->handler)(words);
-}
+Commands::Reply Commands::run(const QString& line) { return lineparts::run(*this, all(), line); }
 
 Commands::Reply Commands::sent() const
 {
     return ok(m_simulator.isPlugged() ? QStringLiteral("ok")
                                       : QStringLiteral("ok, but unplugged: nothing is sent"));
-}
-
-Commands::Reply Commands::help(const Words&)
-{
-    Reply reply = ok();
-    for (const Command& command : all())
-        reply.lines.append(QLatin1String(command.usage));
-    return reply;
 }
 
 Commands::Reply Commands::set(const Words& words)

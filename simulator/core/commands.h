@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lineparts.h"
 #include "simulator.h"
 
 #include <QString>
@@ -10,34 +11,19 @@
 class Commands
 {
 public:
-    struct Reply {
-        QStringList lines; // printed before the answer
-        QString answer;    // begins with "ok" or "error: "
-        bool quits = false;
-        // The answer holds once the mixer is plugged in, and no command may run before.
-        bool waitsForPlug = false;
-    };
+    using Reply = lineparts::Reply;
 
     explicit Commands(Simulator& simulator)
         : m_simulator(simulator)
     {
     }
 
-    // An empty line is answered by an empty answer, which is not to be printed.
     Reply run(const QString& line);
 
 private:
     using Words = QStringList;
-    struct Command {
-        const char* name;
-        const char* usage;
-        Reply (Commands::*handler)(const Words&);
-        int fewest; // words behind the name
-        int most;
-    };
-    static const std::vector<Command>& all();
+    static const std::vector<lineparts::Command<Commands>>& all();
 
-    Reply help(const Words&);
     Reply set(const Words& words);
     Reply setGlobal(const Words& words);
     Reply setMapping(const Words& words);

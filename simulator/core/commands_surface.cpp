@@ -1,6 +1,5 @@
 // The line commands of the control surface.
 #include "commands.h"
-#include "lineparts.h"
 
 #include <map>
 
@@ -80,7 +79,7 @@ Commands::Reply Commands::surface(const Words& words)
     if (!done && strip)
         done = useStrip(controls, words[0], *strip - 1, words.value(2));
     if (!done)
-        return {{}, QStringLiteral("error: ") + QLatin1String(usage), false, false};
+        return lineparts::error(QLatin1String(usage));
     m_simulator.touch();
     return sent();
 }

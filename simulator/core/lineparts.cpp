@@ -5,6 +5,10 @@
 namespace lineparts
 {
 
+Reply ok(const QString& text) { return {{}, text, false, false}; }
+
+Reply error(const QString& text) { return {{}, QStringLiteral("error: ") + text, false, false}; }
+
 std::optional<int> number(const QString& word, int smallest, int largest)
 {
     bool good = false;

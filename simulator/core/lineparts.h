@@ -4,11 +4,12 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <vector>
 
-// What the words of a typed line mean, for every program that takes line commands. Free functions,
-// no state.
+// Line commands: what the words of a typed line mean, and what is answered, for every program that
+// takes them. Free functions, no state.
 namespace lineparts
 {
 
@@ -22,24 +23,47 @@ constexpr qsizetype longestBytes = 4 * 1024 * 1024;
 // "f0 00f7", and "41*1000" for as many bytes. Nothing where a word is none of these, or too much.
 std::optional<QByteArray> bytes(const QStringList& words);
 
-// The row whose name is the first word, which is taken off; the rest fits its number of words.
-// Null, and what is wrong, where there is none. A row has name, usage, fewest and most.
-template <typename Row>
-const Row* pick(const std::vector<Row>& rows, QStringList& words, QString& wrong)
+struct Reply {
+    QStringList lines; // printed before the answer
+    QString answer; // begins with "ok" or "error: "; of an empty line it is empty, and not printed
+    bool quits = false;
+    // The answer holds once the mixer is plugged in, and no command may run before.
+    bool waitsForPlug = false;
+};
+Reply ok(const QString& text = QStringLiteral("ok"));
+Reply error(const QString& text);
+
+template <typename Owner> struct Command {
+    const char* name;
+    const char* usage;
+    Reply (Owner::*handler)(const QStringList&);
+    int fewest; // words behind the name
+    int most;
+};
+constexpr int anyNumber = std::numeric_limits<int>::max();
+
+// Does what the line says to the owner; "help" lists the usages.
+template <typename Owner>
+Reply run(Owner& owner, const std::vector<Command<Owner>>& commands, const QString& line)
 {
+    QStringList words = line.simplified().split(u' ', Qt::SkipEmptyParts);
+    if (words.isEmpty())
+        return {};
     const QString name = words.takeFirst();
-    const auto row = std::find_if(rows.begin(), rows.end(), [&name](const Row& one) {
+    if (name == QLatin1String("help") && words.isEmpty()) {
+        Reply reply = ok();
+        for (const auto& command : commands)
+            reply.lines.append(QLatin1String(command.usage));
+        return reply;
+    }
+    const auto command = std::find_if(commands.begin(), commands.end(), [&name](const auto& one) {
         return name == QLatin1String(one.name);
     });
-    if (row == rows.end()) {
-        wrong = QStringLiteral("no command \"%1\"; try help").arg(name.left(40));
-        return nullptr;
-    }
-    if (words.size() < row->fewest || words.size() > row->most) {
-        wrong = QStringLiteral("usage: ") + QLatin1String(row->usage);
-        return nullptr;
-    }
-    return &*row;
+    if (command == commands.end())
+        return error(QStringLiteral("no command \"%1\"; try help").arg(name.left(40)));
+    if (words.size() < command->fewest || words.size() > command->most)
+        return error(QStringLiteral("usage: ") + QLatin1String(command->usage));
+    return (owner.*command->handler)(words);
 }
 
 } // namespace lineparts

@@ -1,30 +1,22 @@
 #include "hostcommands.h"
 
 #include "huimessages.h"
-#include "lineparts.h"
 
-#include <limits>
-
+using lineparts::error;
 using lineparts::number;
+using lineparts::ok;
 
 namespace
 {
 
 constexpr int mostMeters = 10000;
 
-HostCommands::Reply ok() { return {{}, QStringLiteral("ok"), false}; }
-HostCommands::Reply error(const QString& text)
-{
-    return {{}, QStringLiteral("error: ") + text, false};
-}
-
 } // namespace
 
-const std::vector<HostCommands::Command>& HostCommands::all()
+const std::vector<lineparts::Command<HostCommands>>& HostCommands::all()
 {
-    constexpr int any = std::numeric_limits<int>::max();
-    static const std::vector<Command> commands{
-        {"help", "help", &HostCommands::help, 0, 0},
+    constexpr int any = lineparts::anyNumber;
+    static const std::vector<lineparts::Command<HostCommands>> commands{
         {"open", "open", &HostCommands::open, 0, 0},
         {"fader", "fader N POSITION", &HostCommands::fader, 2, 2},
         {"light", "light ZONE PORT on|off", &HostCommands::light, 3, 3},
@@ -45,26 +37,13 @@ const std::vector<HostCommands::Command>& HostCommands::all()
 
 HostCommands::Reply HostCommands::run(const QString& line)
 {
-    Words words = line.simplified().split(u' ', Qt::SkipEmptyParts);
-    if (words.isEmpty())
-        return {};
-    QString wrong;
-    const Command* command = lineparts::pick(all(), words, wrong);
-    return command ? (this->*command->handler)(words) : error(wrong);
+    return lineparts::run(*this, all(), line);
 }
 
 HostCommands::Reply HostCommands::send(const QString& words, const QByteArray& messages)
 {
     return m_host.send(words, messages) ? ok()
                                         : error(QStringLiteral("it could not be sent; try open"));
-}
-
-HostCommands::Reply HostCommands::help(const Words&)
-{
-    Reply reply = ok();
-    for (const Command& command : all())
-        reply.lines.append(QLatin1String(command.usage));
-    return reply;
 }
 
 HostCommands::Reply HostCommands::open(const Words&)

@@ -1,20 +1,13 @@
 #pragma once
 
 #include "huihost.h"
-
-#include <QStringList>
-
-#include <vector>
+#include "lineparts.h"
 
 // The host's line commands: takes one line, does it to the HuiHost, and answers. Owned by main.
 class HostCommands
 {
 public:
-    struct Reply {
-        QStringList lines; // printed before the answer
-        QString answer;    // begins with "ok" or "error: "; empty for an empty line
-        bool quits = false;
-    };
+    using Reply = lineparts::Reply;
 
     // open: finds the ports anew; what went wrong, or nothing.
     HostCommands(HuiHost& host, std::function<QString()> open)
@@ -27,16 +20,8 @@ public:
 
 private:
     using Words = QStringList;
-    struct Command {
-        const char* name;
-        const char* usage;
-        Reply (HostCommands::*handler)(const Words&);
-        int fewest; // words behind the name
-        int most;
-    };
-    static const std::vector<Command>& all();
+    static const std::vector<lineparts::Command<HostCommands>>& all();
 
-    Reply help(const Words&);
     Reply open(const Words&);
     Reply fader(const Words& words);
     Reply light(const Words& words);

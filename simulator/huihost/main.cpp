@@ -14,16 +14,8 @@
 
 namespace
 {
-
 constexpr int noPorts = 2;
-
-void print(const QString& line)
-{
-    LineInput::print(line);
-    LineInput::flush();
 }
-
-} // namespace
 
 // A recording program's MIDI side: it reads from "loopMIDI Port" and writes to "loopMIDI Port 1",
 // and takes commands from standard input.
@@ -52,15 +44,15 @@ public:
     bool end() { return m_host.end(); }
 
 private slots:
-    void slotPrint(const QString& line) { print(line); }
+    void slotPrint(const QString& line) { LineInput::print(line); }
     void slotRunCommands()
     {
         while (const auto line = m_input.next()) {
             const HostCommands::Reply reply = m_commands.run(*line);
             for (const QString& text : reply.lines)
-                LineInput::print(text);
+                LineInput::queue(text);
             if (!reply.answer.isEmpty())
-                print(reply.answer);
+                LineInput::print(reply.answer);
             if (reply.quits)
                 m_input.stop();
             if (reply.quits)
@@ -71,7 +63,7 @@ private slots:
     }
 
 private:
-    static void tell(const QString& text) { print(QStringLiteral("-- ") + text); }
+    static void tell(const QString& text) { LineInput::print(QStringLiteral("-- ") + text); }
 
     QString openPorts()
     {
@@ -126,7 +118,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "jsum-hui-host: %s\n", qPrintable(wrong));
         return noPorts;
     }
-    print(QStringLiteral("the ports are open"));
+    LineInput::print(QStringLiteral("the ports are open"));
     const int status = QCoreApplication::exec();
     return program.end() ? status : EXIT_FAILURE;
 }

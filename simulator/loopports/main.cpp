@@ -8,17 +8,6 @@
 #include <csignal>
 #include <cstdio>
 
-namespace
-{
-
-void print(const QString& line)
-{
-    LineInput::print(line);
-    LineInput::flush();
-}
-
-} // namespace
-
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
@@ -33,12 +22,12 @@ int main(int argc, char** argv)
     std::signal(SIGPIPE, SIG_IGN);
     const EndSignals endSignals;
 
-    LoopPorts ports([](const QString& text) { print(QStringLiteral("-- ") + text); });
+    LoopPorts ports([](const QString& text) { LineInput::print(QStringLiteral("-- ") + text); });
     QString error;
     if (const int status = ports.open(error); status != 0) {
         std::fprintf(stderr, "jsum-loopports: %s\n", qPrintable(error));
         return status;
     }
-    print(QStringLiteral("the ports are there"));
+    LineInput::print(QStringLiteral("the ports are there"));
     return QCoreApplication::exec();
 }

@@ -17,13 +17,17 @@ LineInput::LineInput(QObject* parent)
             SLOT(slotRead()));
 }
 
-void LineInput::print(const QString& line)
+void LineInput::queue(const QString& line)
 {
     const QByteArray bytes = line.toUtf8() + '\n';
     std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
 }
 
-void LineInput::flush() { std::fflush(stdout); }
+void LineInput::print(const QString& line)
+{
+    queue(line);
+    std::fflush(stdout);
+}
 
 std::optional<QString> LineInput::next()
 {
@@ -70,7 +74,6 @@ void LineInput::takeLines()
     m_input.remove(0, begin);
     if (m_input.size() > longestLine) {
         print(QStringLiteral("error: the line is too long"));
-        flush();
         m_input.clear();
         m_tooLong = true;
     }

@@ -19,9 +19,9 @@ public:
     // Drops what waits and reads no more.
     void stop();
 
-    // To standard output; flush where nothing else follows at once.
+    // To standard output; what is only queued waits for the next that is not.
+    static void queue(const QString& line);
     static void print(const QString& line);
-    static void flush();
 
 signals:
     // There may be lines, or the input has ended.

@@ -90,8 +90,8 @@ private slots:
         row("surface touch 2 on;to-surface b0020a b0010b 900e7f 900f7f;surface bank right on",
             "surface faders 11 0 0 0 0 0 0 0;surface touched 01000000;light bank 11",
             "f000015f2310020100000001f7,surface 900f7f");
-        row("to-surface 900e7f 900f7f;surface bank right;restart", "light bank 00",
-            "surface 900f7f");
+        row("to-surface 900e7f 900f7f;surface bank right", "light bank 00",
+            "surface 900f7f,surface 900f00");
         row("raw f0 00*3 f7 c1", "queued 0", "f0000000f7c1");
         row("slot a save;slot A reverbtab_bypass 1;slot A faderframe_ch1_mute 1;slot A recall",
             "live reverbtab_bypass 1",
