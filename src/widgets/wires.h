@@ -3,16 +3,16 @@
 #include <QObject>
 
 // One connection by string signature, as data: what makes it also unmakes it. The strings are those
-// that SIGNAL() and SLOT() give.
+// that SIGNAL() and SLOT() give. To be used in the GUI thread alone.
 struct Wire {
     QObject* sender = nullptr;
     const char* signal = nullptr;
     QObject* receiver = nullptr;
     const char* slot = nullptr;
 
-    // Both change nothing where it is so already.
-    void connect() const { QObject::connect(sender, signal, receiver, slot, Qt::UniqueConnection); }
-    bool disconnect() const { return QObject::disconnect(sender, signal, receiver, slot); }
+    // Both change nothing where it is so already. A signature that nobody has leaves Qt's warning.
+    void connect() const;
+    bool disconnect() const;
 };
 
 // Keeps a wire cut for a scope. One that was not connected stays so.
