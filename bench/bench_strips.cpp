@@ -160,6 +160,21 @@ void receiveParameter(benchmark::State& state)
     }
 }
 
+// Every step leaves or meets the middle, where the reset button changes its picture.
+void crossTheMiddle(benchmark::State& state, int channel)
+{
+    Pages pages;
+    auto* dial = pages.tab.channelStrips().at(channel - 1)->findChild<NoWrapDial*>(dialName);
+    int value = 10000;
+    for (auto _ : state) {
+        value = 20001 - value;
+        dial->setValue(value);
+    }
+}
+
+void crossTheMiddleSeen(benchmark::State& state) { crossTheMiddle(state, 3); }
+void crossTheMiddleUnseen(benchmark::State& state) { crossTheMiddle(state, 4); }
+
 // What cutting and restoring the send wires of the seven others would cost on top.
 void cutAndRestoreSevenStrips(benchmark::State& state)
 {
@@ -216,6 +231,8 @@ BENCHMARK(recallIntoEmptyDials)->Unit(benchmark::kMicrosecond);
 BENCHMARK(recallPreset)->Unit(benchmark::kMicrosecond);
 BENCHMARK(setEmptyDial)->Unit(benchmark::kMicrosecond);
 BENCHMARK(receiveParameter)->Unit(benchmark::kMicrosecond);
+BENCHMARK(crossTheMiddleSeen)->Unit(benchmark::kMicrosecond);
+BENCHMARK(crossTheMiddleUnseen)->Unit(benchmark::kMicrosecond);
 BENCHMARK(cutAndRestoreSevenStrips)->Unit(benchmark::kMicrosecond);
 BENCHMARK(dragEmptyDial)->Unit(benchmark::kMicrosecond);
 BENCHMARK(dragOnStrip)->Unit(benchmark::kMicrosecond);

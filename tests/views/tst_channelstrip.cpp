@@ -217,6 +217,10 @@ private slots:
             QCOMPARE(heard.take(), once(key(1, name + "=10000")));
             QVERIFY(middle->styleSheet().contains("pan_reset_off"));
         }
+        // A page that nobody sees catches up when it is shown.
+        slider(stripOf(2), "pan")->setValue(10000);
+        tab->slotSelectChannelStrip(2);
+        QVERIFY(button(stripOf(2), "pan_reset")->styleSheet().contains("pan_reset_off"));
     }
 
     // Two inputs have it. Told to the mixer once, and left alone by a recall.

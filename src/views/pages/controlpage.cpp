@@ -203,7 +203,7 @@ void ControlPage::slotResetDials()
 void ControlPage::slotSetResetStylesheet(NoWrapDial* dial, int value)
 {
     const Control* control = controlOf(dial);
-    if (control == nullptr || control->reset == nullptr)
+    if (control == nullptr || control->reset == nullptr || (styled && !isVisible()))
         return;
     const QString picture = value == middleOf(dial)
         ? QStringLiteral("off")
@@ -213,9 +213,25 @@ void ControlPage::slotSetResetStylesheet(NoWrapDial* dial, int value)
                                          "QToolButton:pressed{background-color: transparent;image: "
                                          "url(:/ui_images/ui_images/pan_reset_pressed.svg)}")
                               .arg(picture);
-    // Every step of a drag comes by here, and a new sheet is dear.
+    // Every step of a drag comes by here, and a new sheet is dear: Qt reads its pictures four
+    // times.
     if (control->reset->styleSheet() != style)
         control->reset->setStyleSheet(style);
+}
+
+bool ControlPage::event(QEvent* event)
+{
+    // Until then a new sheet costs nothing.
+    styled |= event->type() == QEvent::Polish;
+    return QWidget::event(event);
+}
+
+void ControlPage::showEvent(QShowEvent* event)
+{
+    for (const Control& control : std::as_const(controls))
+        if (auto* dial = qobject_cast<NoWrapDial*>(control.slider); dial != nullptr)
+            slotSetResetStylesheet(dial, dial->value());
+    QWidget::showEvent(event);
 }
 
 void ControlPage::clearFocusOnPress(QWidget* area)

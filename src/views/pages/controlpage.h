@@ -43,7 +43,8 @@ public slots:
     void slotResetDials();
     // The sender's text or reset picture, as its state is.
     void slotShowState();
-    // The picture of a dial's reset button, if it has one: whether value is off the middle.
+    // The picture of a dial's reset button, if it has one: whether value is off the middle. On a
+    // page that is hidden it changes when the page is shown.
     void slotSetResetStylesheet(NoWrapDial* dial, int value);
 
 protected:
@@ -65,6 +66,9 @@ protected:
 
     // spokenName: of the page, as "Channel 3".
     ControlPage(QWidget* parent, const QString& spokenName);
+
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
     // To be called once, when the form stands on the host: walks it, and makes all links and looks.
     void adoptForm(const QList<ControlRow>& rows, const QList<ButtonRow>& buttonRows);
@@ -105,4 +109,5 @@ private:
     QHash<const QObject*, qsizetype> indexOfObject;
     QHash<QString, qsizetype> indexOfName;
     QList<QWidget*> focusAreas;
+    bool styled = false;
 };
