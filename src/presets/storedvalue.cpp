@@ -20,7 +20,7 @@ template <typename Number> int saturated(Number value)
 
 } // namespace
 
-int storedInt(const QVariant& value, const QString& name)
+std::optional<int> storedNumber(const QVariant& value)
 {
     switch (value.typeId()) {
     case QMetaType::Bool:
@@ -35,7 +35,14 @@ int storedInt(const QVariant& value, const QString& name)
     case QMetaType::Double:
         return saturated(value.toDouble());
     default:
-        qDebug().noquote() << QStringLiteral("no number under %1, it counts as 0").arg(name);
-        return 0;
+        return std::nullopt;
     }
+}
+
+int storedInt(const QVariant& value, const QString& name)
+{
+    const std::optional<int> number = storedNumber(value);
+    if (!number)
+        qDebug().noquote() << QStringLiteral("no number under %1, it counts as 0").arg(name);
+    return number.value_or(0);
 }
