@@ -4,14 +4,18 @@
 #include "auxstrip.h"
 #include "channelstrip.h"
 #include "channelstriptab.h"
+#include "jsonfile.h"
 #include "mainsstrip.h"
 #include "nowrapdial.h"
 #include "phonesstrip.h"
 #include "presetdefaults.h"
+#include "presetinterface.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QJsonDocument>
 #include <QMouseEvent>
+#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
@@ -160,6 +164,50 @@ void receiveParameter(benchmark::State& state)
     }
 }
 
+// The library, with its one preset current and on disk.
+struct Store {
+    Store()
+    {
+        QVariantMap preset = presetdefaults::preset();
+        preset.insert(QStringLiteral("preset_name"), QStringLiteral("[CONNECTION SYNC]"));
+        const QVariantMap library{{QStringLiteral("Preset_000"), preset}};
+        QDir(folder.path()).mkdir(QStringLiteral("presets"));
+        JsonFile(folder.filePath(QStringLiteral("presets/jsum.json")))
+            .write(QJsonDocument::fromVariant(library).toJson());
+        presets.resourcesFolder = folder.path() + QLatin1Char('/');
+        presets.useResourcesFolder = true;
+        presets.slotUpdateJSONPath();
+        presets.slotReadJSON();
+        presets.slotSetCurrentPreset(0);
+    }
+
+    QTemporaryDir folder;
+    PresetInterface presets;
+};
+
+// To the control, its box, the store and the comparison with the saved preset, on a page that
+// nobody sees: all but the painting.
+void receiveUnseenAndStore(benchmark::State& state)
+{
+    Store store;
+    Pages pages;
+    for (ChannelStrip* strip : pages.tab.channelStrips()) {
+        QObject::connect(strip, SIGNAL(signalStoreValue(QString, QVariant, int)), &store.presets,
+                         SLOT(slotStoreValue(QString, QVariant, int)));
+        QObject::connect(strip, SIGNAL(signalCheckSavedState(int)), &store.presets,
+                         SLOT(slotCheckSaveState(int)));
+    }
+    pages.tab.slotSelectChannelStrip(4);
+    int value = 8200;
+    for (auto _ : state) {
+        value = nextValue(value);
+        for (ChannelStrip* strip : pages.tab.channelStrips())
+            strip->slotReceiveChannelStripParams(key, value);
+    }
+    if (store.presets.workingPreset(0).value(key) != value)
+        state.SkipWithError("nothing was stored");
+}
+
 // Every step leaves or meets the middle, where the reset button changes its picture.
 void crossTheMiddle(benchmark::State& state, int channel)
 {
@@ -231,6 +279,7 @@ BENCHMARK(recallIntoEmptyDials)->Unit(benchmark::kMicrosecond);
 BENCHMARK(recallPreset)->Unit(benchmark::kMicrosecond);
 BENCHMARK(setEmptyDial)->Unit(benchmark::kMicrosecond);
 BENCHMARK(receiveParameter)->Unit(benchmark::kMicrosecond);
+BENCHMARK(receiveUnseenAndStore)->Unit(benchmark::kMicrosecond);
 BENCHMARK(crossTheMiddleSeen)->Unit(benchmark::kMicrosecond);
 BENCHMARK(crossTheMiddleUnseen)->Unit(benchmark::kMicrosecond);
 BENCHMARK(cutAndRestoreSevenStrips)->Unit(benchmark::kMicrosecond);
