@@ -87,7 +87,7 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
 FullPowerView::~FullPowerView() = default;
 
 // The faders first: the view's own recall comes before those of the other pages.
-QList<ParameterPage*> FullPowerView::makePages()
+QList<PresetPage*> FullPowerView::makePages()
 {
     channelStripTab = new ChannelStripTab(form.channelStripTab);
     reverbTabForm = new ReverbTabForm(form.reverbTab);
@@ -97,7 +97,7 @@ QList<ParameterPage*> FullPowerView::makePages()
           SIGNAL(signalSendPresetParameter(QString, int))})
         connect(faders, own, this, own);
 
-    QList<ParameterPage*> pages{faders};
+    QList<PresetPage*> pages{faders};
     for (ChannelStrip* strip : channelStripTab->channelStrips())
         pages.append(strip);
     return pages << channelStripTab->mainsStrip() << channelStripTab->phonesStrip()
@@ -245,7 +245,7 @@ void FullPowerView::slotRecallPresets(QVariantMap preset)
 {
     // Each page lets events pass before its recall: what the mixer sends then for one that is not
     // laid yet would be stored, and be overwritten on the screen alone.
-    for (ParameterPage* page : pageWires->pages())
+    for (PresetPage* page : pageWires->pages())
         page->slotDisconnectElements();
     selector->endMultipleSelection();
     faders->slotRecallPreset(preset);

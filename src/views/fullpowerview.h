@@ -17,7 +17,7 @@ class ChannelStripTab;
 class CopyPasteHandler;
 class FaderFrame;
 class GlobalPresetInterface;
-class ParameterPage;
+class PresetPage;
 class PresetDrawer;
 class PresetInterface;
 class QAction;
@@ -203,7 +203,7 @@ private slots:
     void slotStorePhantom(QString name, int value);
 
 private:
-    QList<ParameterPage*> makePages();
+    QList<PresetPage*> makePages();
     void makeRooms();
     QList<QWidget*> filteredWidgets() const;
     bool filterPress(QWidget* watched, const QMouseEvent* event);

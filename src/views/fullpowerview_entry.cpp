@@ -124,12 +124,12 @@ void FullPowerView::layPresetZero()
     mode.entry()->isLaying = true;
     const QVariantMap preset = presetInterface->workingPreset(0);
     if (preset.isEmpty()) {
-        for (ParameterPage* page : pageWires->pages())
+        for (PresetPage* page : pageWires->pages())
             page->slotConnectElements();
     } else {
         slotRecallPresets(preset); // the faders
         // Each recall of another page lets events pass, which may end this entry.
-        for (ParameterPage* page : pageWires->pages()) {
+        for (PresetPage* page : pageWires->pages()) {
             if (flow.isAlive() && page != faders)
                 page->slotRecallPreset(preset);
         }

@@ -5,7 +5,7 @@
 #include "sysexmanager.h"
 
 PageWires::PageWires(QObject* view, PresetInterface* presetInterface, SysexManager* sysexManager,
-                     const QList<ParameterPage*>& pages)
+                     const QList<PresetPage*>& pages)
     : parameterPages(pages)
 {
     const char* recall = SIGNAL(signalRecallPreset(QVariantMap));
@@ -13,7 +13,7 @@ PageWires::PageWires(QObject* view, PresetInterface* presetInterface, SysexManag
     const char* sendSlot = SLOT(slotSendPresetParameters(QString, int));
     recalls.append({presetInterface, recall, view, SLOT(slotRecallPresets(QVariantMap))});
     QList<QObject*> owners{view};
-    for (ParameterPage* page : pages) {
+    for (PresetPage* page : pages) {
         // The faders speak through the view.
         if (qobject_cast<FaderFrame*>(page) != nullptr)
             continue;
@@ -42,7 +42,7 @@ QList<Wire> PageWires::all() const { return storing + recalls + storeSending; }
 void PageWires::setSending(bool connected)
 {
     presetSendWireConnected = connected;
-    for (ParameterPage* page : parameterPages) {
+    for (PresetPage* page : parameterPages) {
         if (connected)
             page->slotConnectToSysexSending();
         else

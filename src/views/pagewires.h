@@ -4,7 +4,7 @@
 
 #include <QList>
 
-class ParameterPage;
+class PresetPage;
 class PresetInterface;
 class QObject;
 class SysexManager;
@@ -16,9 +16,9 @@ class PageWires
 public:
     // view: speaks for the fader frame, and has the told slots. All must outlive this.
     PageWires(QObject* view, PresetInterface* presetInterface, SysexManager* sysexManager,
-              const QList<ParameterPage*>& pages);
+              const QList<PresetPage*>& pages);
 
-    const QList<ParameterPage*>& pages() const { return parameterPages; }
+    const QList<PresetPage*>& pages() const { return parameterPages; }
     // All that is joined at a mode entry.
     QList<Wire> all() const;
 
@@ -33,7 +33,7 @@ public:
 private:
     static void set(const QList<Wire>& wires, bool connected);
 
-    const QList<ParameterPage*> parameterPages;
+    const QList<PresetPage*> parameterPages;
     QList<Wire> storing;
     QList<Wire> recalls;
     QList<Wire> storeSending;

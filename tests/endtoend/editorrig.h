@@ -9,6 +9,7 @@
 #include "viewmanager.h"
 
 #include <QAbstractSlider>
+#include <QButtonGroup>
 #include <QDir>
 #include <QSettings>
 #include <QSignalSpy>
@@ -114,8 +115,10 @@ protected:
     }
     int shown(const QString& key)
     {
-        const auto* slider = qobject_cast<QAbstractSlider*>(control(key));
-        return slider ? slider->value() : qobject_cast<QToolButton*>(control(key))->isChecked();
+        if (const auto* slider = qobject_cast<QAbstractSlider*>(control(key)))
+            return slider->value();
+        const auto* choice = control(key)->findChild<QButtonGroup*>();
+        return choice ? choice->checkedId() : qobject_cast<QToolButton*>(control(key))->isChecked();
     }
     Values allShown()
     {

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractSlider>
+#include <QButtonGroup>
 #include <QHash>
 #include <QTest>
 
@@ -29,16 +30,21 @@ public:
     }
     QAbstractButton* button(const QString& name) const { return at<QAbstractButton>(name); }
     QAbstractSlider* slider(const QString& key) const { return at<QAbstractSlider>(key); }
+    QButtonGroup* choice(const QString& key) const { return at(key)->findChild<QButtonGroup*>(); }
     int shown(const QString& key) const
     {
-        return slider(key) != nullptr ? slider(key)->value() : int{button(key)->isChecked()};
+        if (slider(key) != nullptr)
+            return slider(key)->value();
+        return choice(key) != nullptr ? choice(key)->checkedId() : int{button(key)->isChecked()};
     }
     void set(const QString& key, int value)
     {
         if (slider(key) != nullptr)
             slider(key)->setValue(value);
-        else
+        else if (choice(key) == nullptr)
             button(key)->setChecked(value != 0);
+        else if (QAbstractButton* chosen = choice(key)->button(value); chosen != nullptr)
+            chosen->click();
     }
     void click(const QString& name, Qt::KeyboardModifiers modifiers = {})
     {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "channelstriptab.h"
-#include "parameterpage.h"
+#include "presetpage.h"
 #include "testcase.h"
 
 #include <QAbstractSlider>
@@ -34,6 +34,7 @@ public slots:
         QCOMPARE(preset, -1);
         stores.append(QString("store %1=%2").arg(name, value.toString()));
     }
+    void storeGlobal(const QString& name, const QVariant& value) { store(name, value, -1); }
     void send(const QString& name, int value)
     {
         sends.append(QString("send %1=%2").arg(name).arg(value));
@@ -64,7 +65,7 @@ protected:
         QVERIFY(QTest::qWaitForWindowActive(widget));
         heard.take();
     }
-    void connectAll(ParameterPage* page)
+    void connectAll(PresetPage* page)
     {
         connect(page, SIGNAL(signalStoreValue(QString, QVariant, int)), &heard,
                 SLOT(store(QString, QVariant, int)));

@@ -81,9 +81,8 @@ private slots:
         QVariantMap before{{"preset_name", syncName}};
         for (const Desk fresh; const QString& key : allKeys) {
             const int value = fresh.shown(key);
-            const int highest = fresh.slider(key) != nullptr ? fresh.slider(key)->maximum() : 1;
             mixer[key] = value;
-            before[key] = value == highest ? value - 1 : value + 1;
+            before[key] = fresh.button(key) != nullptr && value == 1 ? 0 : value + 1;
         }
         Desk desk({{"Preset_000", before}});
         desk.plug();

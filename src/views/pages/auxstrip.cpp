@@ -3,7 +3,6 @@
 #include "forms/outputforms.h"
 
 #include <QDebug>
-#include <QToolButton>
 
 AuxStrip::AuxStrip(QWidget* page, int index)
     : ControlPage(page, QStringLiteral("Aux %1").arg(index + 1))
@@ -21,14 +20,13 @@ AuxStrip::AuxStrip(QWidget* page, int index)
 
 Wire AuxStrip::mirrorWire(const Control& control)
 {
-    return {control.widget(), control.changeSignal(), this, SLOT(slotPassValuestoChannelStrip())};
+    return control.wireTo(this, SLOT(slotPassValuestoChannelStrip()));
 }
 
 void AuxStrip::slotPassValuestoChannelStrip()
 {
     if (const Control* control = controlOf(sender()); control != nullptr)
-        emit signalPassValuestoChannelStrip(control->widget()->objectName(), auxIndex,
-                                            control->value());
+        emit signalPassValuestoChannelStrip(control->name(), auxIndex, control->value());
 }
 
 void AuxStrip::slotReceiveValuesfromChannelStrip(QString objName, int chNum, int value)

@@ -32,7 +32,7 @@ bool isAuxControl(const QString& name) { return name.contains(QLatin1String("_ro
 
 ChannelStrip::ChannelStrip(QWidget* page, int index, const ChannelSelection& shared,
                            const Tables& displayTables)
-    : ParameterPage(page, QStringLiteral("Channel %1").arg(index + 1), page->objectName())
+    : PresetPage(page, QStringLiteral("Channel %1").arg(index + 1), page->objectName())
     , channelIndex(index)
     , selection(shared)
     , tables(displayTables)
@@ -69,20 +69,17 @@ ChannelStrip::ChannelStrip(QWidget* page, int index, const ChannelSelection& sha
 
 // Stereo pairs
 
-void ChannelStrip::changedByUser(const Control& control)
+bool ChannelStrip::changedByUser(const Control& control)
 {
-    if (!isStereo(control.buttonRow)) {
-        ParameterPage::changedByUser(control);
-        return;
-    }
-    const bool paired = control.button->isChecked();
+    if (!isStereo(control.buttonRow))
+        return true;
+    const bool paired = control.value() != 0;
     if (paired)
         deselectForPairing();
     else
         deselectForUnpairing();
     emit signalPassStereoStateUpdate(paired);
-    if (firstOfPair)
-        store(control, int{paired});
+    return firstOfPair;
 }
 
 bool ChannelStrip::isSent(const Control& control) const
@@ -105,7 +102,7 @@ void ChannelStrip::deselectForUnpairing()
 
 void ChannelStrip::slotGetStereoStateUpdate(bool enabled)
 {
-    controlNamed(stereoName)->button->setChecked(enabled);
+    controlNamed(stereoName)->button()->setChecked(enabled);
 }
 
 // From the mixer and the store
@@ -114,7 +111,7 @@ void ChannelStrip::slotReceiveChannelStripParams(QString jsonName, int value)
 {
     // Eight strips hear every message; cutting the wires of those that it is not for would cost
     // more than all the rest.
-    const QString name = objectNameIn(jsonName);
+    const QString name = nameIn(jsonName);
     if (name.isEmpty())
         return;
     if (name == phantom->objectName()) {
@@ -122,32 +119,27 @@ void ChannelStrip::slotReceiveChannelStripParams(QString jsonName, int value)
         qDebug() << "no parameter of a preset:" << jsonName;
         return;
     }
-    const SendingCut cut(this);
     forwardToSelection(jsonName, value);
     if (name.contains(QLatin1String("group")))
         return;
-    const Control* control = controlNamed(name);
-    if (control == nullptr)
-        qDebug() << "no control for" << jsonName;
-    else if (isStereo(control->buttonRow))
-        receiveStereo(*control, value != 0);
+    if (name == stereoName)
+        receiveStereo(*controlNamed(name), value != 0);
     else
-        takeFromMixer(*control, value);
+        receive(jsonName, value);
 }
 
 void ChannelStrip::receiveStereo(const Control& control, bool paired)
 {
-    const bool moves = control.button->isChecked() != paired;
+    const WireCut cut(sendWire(control));
+    const bool moves = control.value() != int{paired};
     setControl(control, int{paired});
     if (paired)
         deselectForPairing();
     else
         deselectForUnpairing();
     emit signalPassStereoStateUpdate(paired);
-    if (!moves && firstOfPair && isStoring()) {
+    if (!moves && firstOfPair && isStoring())
         store(control, int{paired});
-        emit signalCheckSavedState(-1);
-    }
 }
 
 void ChannelStrip::forwardToSelection(const QString& jsonName, int value)
@@ -162,7 +154,7 @@ void ChannelStrip::forwardToSelection(const QString& jsonName, int value)
 
 void ChannelStrip::slotLetOneChannelEffectAnother(QString jsonName, int value)
 {
-    const QString name = objectNameIn(jsonName);
+    const QString name = nameIn(jsonName);
     if (name.isEmpty() || name.contains(QLatin1String("group")))
         return;
     const Control* control = controlNamed(name);
@@ -173,45 +165,45 @@ void ChannelStrip::slotLetOneChannelEffectAnother(QString jsonName, int value)
     slotDisconnectElements();
     // A linked pair button only says what the other is, and stays as it is.
     if (isStereo(control->buttonRow))
-        control->button->setText(value != 0 ? control->buttonRow->textOn
-                                            : control->buttonRow->textOff);
+        control->button()->setText(value != 0 ? control->buttonRow->textOn
+                                              : control->buttonRow->textOff);
     else
         setControl(*control, value);
     slotConnectElements();
 }
 
-void ChannelStrip::recall(const Control& control, const QVariantMap& preset)
+std::optional<int> ChannelStrip::recalled(const Control& control, const QVariantMap& preset) const
 {
     if (isStereo(control.buttonRow)) {
         // Only the first channel of a pair has the key.
         const QString key =
             QStringLiteral("channelstrip_ch%1_stereo").arg(qMin(channel(), partner));
-        setControl(control, storedInt(preset.value(key), key));
-    } else if (control.button != phantom || preset.contains(keyOf(control))) {
-        // No preset holds phantom power, and a recall must not switch it.
-        ParameterPage::recall(control, preset);
+        return storedInt(preset.value(key), key);
     }
+    // No preset holds phantom power, and a recall must not switch it.
+    if (control.object == phantom && !preset.contains(keyOf(control)))
+        return std::nullopt;
+    return PresetPage::recalled(control, preset);
 }
 
 // The aux pages
 
 Wire ChannelStrip::auxWire(const Control& control)
 {
-    return {control.widget(), control.changeSignal(), this, SLOT(slotPassValuestoAuxStrip())};
+    return control.wireTo(this, SLOT(slotPassValuestoAuxStrip()));
 }
 
 void ChannelStrip::slotConnectAuxParams()
 {
     for (const Control& control : allControls())
-        if (isAuxControl(control.widget()->objectName()))
+        if (isAuxControl(control.name()))
             auxWire(control).connect();
 }
 
 void ChannelStrip::slotPassValuestoAuxStrip()
 {
     if (const Control* control = controlOf(sender()); control != nullptr)
-        emit signalPassValuestoAuxStrip(control->widget()->objectName(), channelIndex,
-                                        control->value());
+        emit signalPassValuestoAuxStrip(control->name(), channelIndex, control->value());
 }
 
 void ChannelStrip::slotReceiveValuesfromAuxStrip(QString objName, int auxNum, int value)

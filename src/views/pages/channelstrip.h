@@ -1,14 +1,14 @@
 #pragma once
 
 #include "channelselection.h"
-#include "parameterpage.h"
+#include "presetpage.h"
 
 #include <QToolButton>
 
 // The page of one input channel: trim, phantom power, high-pass filter, EQ, compressor, gate, pan
 // and the three aux sends. ChannelStripTab owns it. Channels 1 and 2, 3 and 4, 5 and 6, 7 and 8 can
 // be stereo pairs.
-class ChannelStrip : public ParameterPage
+class ChannelStrip : public PresetPage
 {
     Q_OBJECT
 
@@ -66,9 +66,9 @@ signals:
     void signalSetPhantom(int channel, int state);
 
 protected:
-    void changedByUser(const Control& control) override;
+    bool changedByUser(const Control& control) override;
     bool isSent(const Control& control) const override;
-    void recall(const Control& control, const QVariantMap& preset) override;
+    std::optional<int> recalled(const Control& control, const QVariantMap& preset) const override;
 
 private:
     int channel() const { return channelIndex + 1; }

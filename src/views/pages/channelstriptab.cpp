@@ -66,8 +66,8 @@ void ChannelStripTab::connectGlobals()
 
 void ChannelStripTab::joinAuxStrips()
 {
-    for (ChannelStrip* strip : qAsConst(strips)) {
-        for (AuxStrip* aux : qAsConst(auxes)) {
+    for (ChannelStrip* strip : std::as_const(strips)) {
+        for (AuxStrip* aux : std::as_const(auxes)) {
             connect(strip, SIGNAL(signalPassValuestoAuxStrip(QString, int, int)), aux,
                     SLOT(slotReceiveValuesfromChannelStrip(QString, int, int)));
             connect(aux, SIGNAL(signalPassValuestoChannelStrip(QString, int, int)), strip,
@@ -78,8 +78,8 @@ void ChannelStripTab::joinAuxStrips()
 
 void ChannelStripTab::joinChannels()
 {
-    for (ChannelStrip* strip : qAsConst(strips)) {
-        for (ChannelStrip* other : qAsConst(strips))
+    for (ChannelStrip* strip : std::as_const(strips)) {
+        for (ChannelStrip* other : std::as_const(strips))
             if (other != strip)
                 connect(strip, SIGNAL(signalLetOneChannelEffectAnother(QString, int)), other,
                         SLOT(slotLetOneChannelEffectAnother(QString, int)));

@@ -1,11 +1,14 @@
 #include "controlpage.h"
 
+#include "choicegroup.h"
 #include "freqspinbox.h"
 #include "nowrapdial.h"
 #include "selectallspinbox.h"
 
+#include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QApplication>
+#include <QComboBox>
 #include <QEvent>
 #include <QLabel>
 #include <QStyle>
@@ -47,22 +50,22 @@ QString resetColor(const QColor& fill)
     return QStringLiteral("yellow");
 }
 
+// A number or a menu that the pointer only comes by.
+bool isPassedByWheel(const QObject* object)
+{
+    const bool turns = qobject_cast<const QSpinBox*>(object) != nullptr
+        || qobject_cast<const QComboBox*>(object) != nullptr;
+    return turns && !static_cast<const QWidget*>(object)->hasFocus();
+}
+
 } // namespace
 
-QWidget* ControlPage::Control::widget() const
+QAbstractSlider* ControlPage::Control::slider() const
 {
-    return button != nullptr ? static_cast<QWidget*>(button) : slider;
+    return qobject_cast<QAbstractSlider*>(object);
 }
 
-const char* ControlPage::Control::changeSignal() const
-{
-    return button != nullptr ? SIGNAL(toggled(bool)) : SIGNAL(valueChanged(int));
-}
-
-int ControlPage::Control::value() const
-{
-    return button != nullptr ? int{button->isChecked()} : slider->value();
-}
+QToolButton* ControlPage::Control::button() const { return qobject_cast<QToolButton*>(object); }
 
 ControlPage::ControlPage(QWidget* parent, const QString& spokenName)
     : QWidget(parent)
@@ -73,16 +76,19 @@ ControlPage::ControlPage(QWidget* parent, const QString& spokenName)
 }
 
 void ControlPage::adoptForm(const QList<ControlRow>& formRows,
-                            const QList<ButtonRow>& formButtonRows)
+                            const QList<ButtonRow>& formButtonRows,
+                            const QList<ChoiceRow>& choiceRows)
 {
     rows = formRows;
     buttonRows = formButtonRows;
     const QList<QWidget*> widgets = host->findChildren<QWidget*>();
     for (QWidget* widget : widgets)
         adopt(widget);
+    for (const ChoiceRow& row : choiceRows)
+        adoptChoice(row);
     slotSetCustomUiElements();
     slotConnectSpinboxes();
-    for (const Control& control : qAsConst(controls)) {
+    for (const Control& control : std::as_const(controls)) {
         if (control.box != nullptr)
             showInBox(control);
         showState(control);
@@ -92,7 +98,6 @@ void ControlPage::adoptForm(const QList<ControlRow>& formRows,
 void ControlPage::adopt(QWidget* widget)
 {
     const QString name = widget->objectName();
-    Control control;
     if (isOfClass(widget, "QToolButton")) {
         // A press takes no focus, so a number that is typed would not commit by itself.
         widget->installEventFilter(this);
@@ -100,34 +105,44 @@ void ControlPage::adopt(QWidget* widget)
             connect(widget, SIGNAL(clicked()), SLOT(slotResetDials()));
             return;
         }
-        control.button = static_cast<QToolButton*>(widget);
-        control.buttonRow = rowNamed(buttonRows, name);
-    } else {
-        control.row = rowNamed(rows, name);
-        control.slider = qobject_cast<QAbstractSlider*>(widget);
-        if (control.slider == nullptr || control.row == nullptr)
-            return;
+    }
+    Control control{widget, kindOf(widget), rowNamed(rows, name), rowNamed(buttonRows, name)};
+    if (control.kind == nullptr || (control.row == nullptr && control.buttonRow == nullptr))
+        return;
+    if (control.row != nullptr)
+        widget->installEventFilter(this);
+    if (control.slider() != nullptr) {
         control.box = host->findChild<QAbstractSpinBox*>(name + boxSuffix);
         control.reset = host->findChild<QToolButton*>(name + resetSuffix);
-        widget->installEventFilter(this);
+        linkBox(control);
+    } else if (control.row != nullptr) {
+        // Neither the wheel on its way over the page nor half a number changes anything.
+        widget->setFocusPolicy(Qt::StrongFocus);
+        if (auto* number = qobject_cast<QSpinBox*>(widget); number != nullptr) {
+            number->setKeyboardTracking(false);
+            number->setRange(control.row->parameter->lowest, control.row->parameter->highest);
+        }
     }
-    if (control.box != nullptr) {
-        const bool isWhole = qobject_cast<SelectAllSpinbox*>(control.box) != nullptr;
-        const bool isFreq = qobject_cast<FreqSpinBox*>(control.box) != nullptr;
-        control.toBox = {widget, SIGNAL(valueChanged(int)), this, slotToBox()};
-        if (isWhole)
-            control.fromBox = {control.box, SIGNAL(signalSetDial(int)), this,
-                               SLOT(slotLinkSpinboxtoDial(int))};
-        else
-            control.fromBox = {control.box,
-                               isFreq ? SIGNAL(signalTrueValue(double))
-                                      : SIGNAL(signalSetDial(double)),
-                               this, slotFromBox()};
+    addControl(control);
+}
+
+void ControlPage::adoptChoice(const ChoiceRow& row)
+{
+    QWidget* part = host->findChild<QWidget*>(row.name);
+    auto* group = new ChoiceGroup(part, row.takesNearest);
+    group->setObjectName(row.name);
+    for (const ChoiceRow::Button& button : row.buttons)
+        group->addButton(part->findChild<QAbstractButton*>(button.name), button.value);
+    addControl({group, kindOf(group)});
+}
+
+void ControlPage::addControl(const Control& control)
+{
+    control.wireTo(this, SLOT(slotShowState())).connect();
+    indexOfObject.insert(control.object, controls.size());
+    if (control.box != nullptr)
         indexOfObject.insert(control.box, controls.size());
-    }
-    connect(widget, control.changeSignal(), SLOT(slotShowState()));
-    indexOfObject.insert(widget, controls.size());
-    indexOfName.insert(name, controls.size());
+    indexOfName.insert(control.name(), controls.size());
     controls.append(control);
 }
 
@@ -145,7 +160,7 @@ const ControlPage::Control* ControlPage::controlNamed(const QString& name) const
 
 void ControlPage::slotSetCustomUiElements()
 {
-    for (const Control& control : qAsConst(controls))
+    for (const Control& control : std::as_const(controls))
         if (control.row != nullptr)
             look(control);
 }
@@ -153,7 +168,7 @@ void ControlPage::slotSetCustomUiElements()
 void ControlPage::look(const Control& control) const
 {
     const ControlRow& row = *control.row;
-    if (auto* dial = qobject_cast<NoWrapDial*>(control.slider); dial != nullptr) {
+    if (auto* dial = qobject_cast<NoWrapDial*>(control.object); dial != nullptr) {
         dial->slotSetFillColor(row.color);
         dial->slotSetDialThickness(row.thickness);
         dial->slotSetCenteredDial(row.centered);
@@ -164,14 +179,14 @@ void ControlPage::look(const Control& control) const
     }
 }
 
-void ControlPage::setControl(const Control& control, int value)
+std::optional<int> ControlPage::setControl(const Control& control, int value)
 {
-    if (control.button != nullptr)
-        control.button->setChecked(value != 0);
-    else
-        control.slider->setValue(value);
-    // Also if nothing moved: a linked button's text may tell another's state.
-    showState(control);
+    const int before = control.value();
+    const std::optional<int> taken = control.kind->set(control.object, value);
+    // A linked button's text may tell another's state, so it is shown also if nothing moved.
+    if (control.value() == before)
+        showState(control);
+    return taken;
 }
 
 void ControlPage::slotShowState()
@@ -182,13 +197,12 @@ void ControlPage::slotShowState()
 
 void ControlPage::showState(const Control& control)
 {
-    if (control.button != nullptr) {
-        if (control.buttonRow != nullptr && !control.buttonRow->textOn.isEmpty())
-            control.button->setText(control.value() != 0 ? control.buttonRow->textOn
-                                                         : control.buttonRow->textOff);
-    } else if (auto* dial = qobject_cast<NoWrapDial*>(control.slider); dial != nullptr) {
+    if (control.buttonRow != nullptr && !control.buttonRow->textOn.isEmpty())
+        control.button()->setText(control.value() != 0 ? control.buttonRow->textOn
+                                                       : control.buttonRow->textOff);
+    else if (auto* dial = qobject_cast<NoWrapDial*>(control.object); dial != nullptr)
         slotSetResetStylesheet(dial, dial->value());
-    }
+    showOwnState(control);
 }
 
 void ControlPage::slotResetDials()
@@ -196,8 +210,10 @@ void ControlPage::slotResetDials()
     if (sender() == nullptr)
         return;
     const Control* control = controlNamed(sender()->objectName().remove(resetSuffix));
-    if (control != nullptr && control->slider != nullptr)
-        control->slider->setValue(middleOf(control->slider));
+    if (control == nullptr)
+        return;
+    if (QAbstractSlider* slider = control->slider(); slider != nullptr)
+        slider->setValue(middleOf(slider));
 }
 
 void ControlPage::slotSetResetStylesheet(NoWrapDial* dial, int value)
@@ -229,7 +245,7 @@ bool ControlPage::event(QEvent* event)
 void ControlPage::showEvent(QShowEvent* event)
 {
     for (const Control& control : std::as_const(controls))
-        if (auto* dial = qobject_cast<NoWrapDial*>(control.slider); dial != nullptr)
+        if (auto* dial = qobject_cast<NoWrapDial*>(control.object); dial != nullptr)
             slotSetResetStylesheet(dial, dial->value());
     QWidget::showEvent(event);
 }
@@ -261,6 +277,10 @@ void ControlPage::lightCaption(const QObject* control, bool lit) const
 
 bool ControlPage::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::Wheel && isPassedByWheel(watched)) {
+        event->ignore();
+        return true;
+    }
     if (event->type() == QEvent::MouseButtonPress) {
         if (focusAreas.contains(watched)) {
             resetFocus();

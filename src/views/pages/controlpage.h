@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controlkind.h"
 #include "controlrow.h"
 #include "wires.h"
 
@@ -14,9 +15,9 @@ class QAbstractSlider;
 class QAbstractSpinBox;
 class QToolButton;
 
-// A page of dials, faders and buttons, each built from a row: the links between a control and its
-// number box, the reset buttons, and what takes the focus from a box. The strips and the reverb
-// page derive from it; the holder of the pages owns them.
+// A page of controls of every kind, each built from a row: the links between a dial or a fader and
+// its number box, the reset buttons, and what takes the focus from a box. All pages derive from it;
+// their holder owns them.
 class ControlPage : public QWidget
 {
     Q_OBJECT
@@ -49,9 +50,10 @@ public slots:
 
 protected:
     struct Control {
-        // One of the two.
-        QAbstractSlider* slider = nullptr;
-        QToolButton* button = nullptr;
+        // A widget, or the group of a choice's buttons.
+        QObject* object = nullptr;
+        const ControlKind* kind = nullptr;
+        // One of the two; none for a choice.
         const ControlRow* row = nullptr;
         const ButtonRow* buttonRow = nullptr;
         QAbstractSpinBox* box = nullptr;
@@ -59,9 +61,15 @@ protected:
         Wire toBox{};
         Wire fromBox{};
 
-        QWidget* widget() const;
-        const char* changeSignal() const;
-        int value() const;
+        QString name() const { return object->objectName(); }
+        int value() const { return kind->value(object); }
+        Wire wireTo(QObject* receiver, const char* slot) const
+        {
+            return {object, kind->changeSignal, receiver, slot};
+        }
+        // Null for the other kinds.
+        QAbstractSlider* slider() const;
+        QToolButton* button() const;
     };
 
     // spokenName: of the page, as "Channel 3".
@@ -71,15 +79,17 @@ protected:
     void showEvent(QShowEvent* event) override;
 
     // To be called once, when the form stands on the host: walks it, and makes all links and looks.
-    void adoptForm(const QList<ControlRow>& rows, const QList<ButtonRow>& buttonRows);
+    void adoptForm(const QList<ControlRow>& rows, const QList<ButtonRow>& buttonRows,
+                   const QList<ChoiceRow>& choiceRows = {});
     const QList<Control>& allControls() const { return controls; }
     // By the control or its box; null for any other object.
     const Control* controlOf(const QObject* object) const;
     const Control* controlNamed(const QString& name) const;
 
-    // What is out of range is bounded; a button is on for anything but 0.
-    void setControl(const Control& control, int value);
-    virtual void showState(const Control& control);
+    // As ControlKind::set() does it.
+    std::optional<int> setControl(const Control& control, int value);
+    // What a page shows of a control's state beside the row's texts and the reset buttons.
+    virtual void showOwnState(const Control& /*control*/) { }
 
     // A press on this widget takes the focus from all of the page's widgets.
     void clearFocusOnPress(QWidget* area);
@@ -94,7 +104,11 @@ protected:
 
 private:
     void adopt(QWidget* widget);
+    void adoptChoice(const ChoiceRow& row);
+    void addControl(const Control& control);
+    void linkBox(Control& control);
     void look(const Control& control) const;
+    void showState(const Control& control);
     void showInBox(const Control& control);
     std::optional<double> boxNumber(const Control& control) const;
     int fromBoxNumber(const Control& control, double number);

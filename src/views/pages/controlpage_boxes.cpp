@@ -20,6 +20,20 @@ void ControlPage::slotConnectSpinboxes()
     }
 }
 
+void ControlPage::linkBox(Control& control)
+{
+    if (control.box == nullptr)
+        return;
+    control.toBox = control.wireTo(this, slotToBox());
+    if (qobject_cast<SelectAllSpinbox*>(control.box) != nullptr)
+        control.fromBox = {control.box, SIGNAL(signalSetDial(int)), this,
+                           SLOT(slotLinkSpinboxtoDial(int))};
+    else if (qobject_cast<FreqSpinBox*>(control.box) != nullptr)
+        control.fromBox = {control.box, SIGNAL(signalTrueValue(double)), this, slotFromBox()};
+    else
+        control.fromBox = {control.box, SIGNAL(signalSetDial(double)), this, slotFromBox()};
+}
+
 void ControlPage::slotLinkDialToSpinbox(int /*value*/)
 {
     if (const Control* control = controlOf(sender()); control != nullptr && control->box != nullptr)
@@ -29,7 +43,7 @@ void ControlPage::slotLinkDialToSpinbox(int /*value*/)
 // What the box shows for the control's value; nothing if the table has no entry for it.
 std::optional<double> ControlPage::boxNumber(const Control& control) const
 {
-    const int value = control.slider->value();
+    const int value = control.value();
     switch (control.row->parameter->encoding) {
     case Encoding::faderPosition:
         // The one way takes the box's range, the other the fader's.
@@ -56,7 +70,7 @@ void ControlPage::showInBox(const Control& control)
     else if (auto* decimal = qobject_cast<SelectAllDoubleSpinbox*>(control.box); decimal != nullptr)
         decimal->setValue(*number);
     else if (auto* whole = qobject_cast<SelectAllSpinbox*>(control.box); whole != nullptr)
-        whole->setValue(control.slider->value());
+        whole->setValue(control.value());
 }
 
 void ControlPage::slotLinkDoubleSpinboxtoDial(double value)
@@ -76,7 +90,7 @@ void ControlPage::slotLinkDoubleSpinboxtoDial(double value)
     }
     const WireCut cut(control->toBox);
     if (const int position = fromBoxNumber(*control, value); position >= 0)
-        control->slider->setValue(position);
+        control->slider()->setValue(position);
 }
 
 int ControlPage::fromBoxNumber(const Control& control, double number)
@@ -93,7 +107,7 @@ int ControlPage::fromBoxNumber(const Control& control, double number)
     case Encoding::hundredths:
         return scaling::toHundredths(number);
     case Encoding::faderPosition:
-        return scaling::dbToFader(number, control.slider->minimum(), control.slider->maximum());
+        return scaling::dbToFader(number, control.slider()->minimum(), control.slider()->maximum());
     case Encoding::trimTable:
         break;
     }
@@ -106,7 +120,7 @@ void ControlPage::slotLinkSpinboxtoDial(int value)
     if (control == nullptr)
         return;
     const WireCut cut(control->toBox);
-    control->slider->setValue(value);
+    control->slider()->setValue(value);
 }
 
 int ControlPage::slotFindTableValueFromSpinboxValue(double value, QString objName,

@@ -17,13 +17,14 @@ struct BoxLimits {
     double highest;
 };
 
-// The looks of a dial or a fader, and of its box if it has one. What its number means and how far
-// it goes is told by its parameter.
+// The looks of a control that shows a number: a dial or a fader, with its box if it has one, a
+// number box that stands alone, or a menu. What its number means and how far it goes is told by its
+// parameter.
 struct ControlRow {
     QString name{};                       // the object name
     QString caption{};                    // the visible label
     QString spoken{};                     // the accessible name, after that of the page
-    const Parameter* parameter = nullptr; // must be there before the row is laid
+    const Parameter* parameter = nullptr; // must be there before the row is laid, but for a menu
 
     // The box.
     bool hasBox = false;
@@ -48,6 +49,23 @@ struct ButtonRow {
     // What it says up and down; empty where the text is no matter of its state.
     QString textOff{};
     QString textOn{};
+};
+
+// Several buttons of which one is down, under one key. They stand on a widget of their own.
+struct ChoiceRow {
+    struct Button {
+        QString name{};
+        int value; // from 0
+        QString caption{};
+    };
+
+    QString name{}; // of them all, as a control, and of the widget that they stand on
+    QString caption{};
+    QString spoken{};
+    QString toolTip{};
+    QList<Button> buttons{};
+    // Whether a value that no button has chooses the next one to it, or changes and stores nothing.
+    bool takesNearest = false;
 };
 
 // The limits of the row's box: those of its parameter, as they are shown.

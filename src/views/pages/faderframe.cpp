@@ -10,7 +10,7 @@ namespace
 
 bool isSolo(const QObject* button) { return button->objectName().endsWith(QLatin1String("_solo")); }
 
-QString selectNameOf(const QToolButton* solo)
+QString selectNameOf(const QObject* solo)
 {
     return solo->objectName().replace(QLatin1String("_solo"), QLatin1String("_select"));
 }
@@ -18,7 +18,7 @@ QString selectNameOf(const QToolButton* solo)
 } // namespace
 
 FaderFrame::FaderFrame(QWidget* parent, const ChannelSelection& selectedChannels)
-    : ParameterPage(parent, QStringLiteral("Faders"), {})
+    : PresetPage(parent, QStringLiteral("Faders"), {})
     , selection(selectedChannels)
 {
     setObjectName(QStringLiteral("faderFrame"));
@@ -28,8 +28,8 @@ FaderFrame::FaderFrame(QWidget* parent, const ChannelSelection& selectedChannels
     const FaderFrameForm form(hostWidget());
     adoptForm(FaderFrameForm::controlRows(), FaderFrameForm::buttonRows());
     for (const Control& control : allControls())
-        if (isSolo(control.widget()))
-            connect(control.widget(), SIGNAL(released()), SLOT(slotSoloReleased()));
+        if (isSolo(control.object))
+            connect(control.object, SIGNAL(released()), SLOT(slotSoloReleased()));
 }
 
 void FaderFrame::setToZero(const QObject* fader)
@@ -42,35 +42,33 @@ void FaderFrame::setToZero(const QObject* fader)
     emit box->signalSetDial(0);
 }
 
-void FaderFrame::changedByUser(const Control& control)
+bool FaderFrame::changedByUser(const Control& control)
 {
-    if (control.widget() == pressedSolo && soloAlone)
-        endOtherSolos(control.button);
-    ParameterPage::changedByUser(control);
+    if (control.object == pressedSolo && soloAlone)
+        endOtherSolos(control.object);
+    return true;
 }
 
 // The mixer is told of each; channels that are selected together keep theirs together.
-void FaderFrame::endOtherSolos(const QToolButton* solo)
+void FaderFrame::endOtherSolos(const QObject* solo)
 {
     const bool isSelected = selection.names().contains(selectNameOf(solo));
     for (const Control& control : allControls()) {
-        const QToolButton* other = control.button;
-        if (other == nullptr || other == solo || !isSolo(other)
+        const QObject* other = control.object;
+        if (other == solo || !isSolo(other)
             || (isSelected && selection.names().contains(selectNameOf(other))))
             continue;
         const WireCut cut(storeWire(control));
-        control.button->setChecked(false);
-        store(control, 0);
+        setControl(control, 0);
+        emit signalStoreValue(keyOf(control), 0, -1);
     }
 }
 
-void FaderFrame::showState(const Control& control)
+void FaderFrame::showOwnState(const Control& control)
 {
-    QToolButton* button = control.button;
-    if (button == nullptr) {
-        ParameterPage::showState(control);
+    QToolButton* button = control.button();
+    if (button == nullptr)
         return;
-    }
     QString style = QStringLiteral("background-color: grey;");
     if (button->isChecked() && button->text().contains(QLatin1Char('S')))
         style = QStringLiteral("background-color: rgb(255,255,0);");

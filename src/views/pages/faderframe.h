@@ -1,12 +1,12 @@
 #pragma once
 
 #include "channelselection.h"
-#include "parameterpage.h"
+#include "presetpage.h"
 
 // The faders of all channels, with mute and solo and the numbers beside them: a page whose object
 // names are whole keys. Its recall lets no events pass. The full-power view owns it, tells it of
 // Shift, and keeps the select buttons that stand on it.
-class FaderFrame : public ParameterPage
+class FaderFrame : public PresetPage
 {
     Q_OBJECT
 
@@ -26,14 +26,14 @@ public slots:
 
 protected:
     bool letsEventsPass() const override { return false; }
-    void changedByUser(const Control& control) override;
-    void showState(const Control& control) override;
+    bool changedByUser(const Control& control) override;
+    void showOwnState(const Control& control) override;
 
 private slots:
     void slotSoloReleased() { pressedSolo = nullptr; }
 
 private:
-    void endOtherSolos(const QToolButton* solo);
+    void endOtherSolos(const QObject* solo);
 
     const ChannelSelection& selection;
     bool soloAlone = false;

@@ -2,10 +2,8 @@
 
 #include "forms/outputforms.h"
 
-#include <QAbstractSlider>
-
 MainsStrip::MainsStrip(QWidget* page, const Tables& displayTables)
-    : ParameterPage(page, QStringLiteral("Mains"), page->objectName())
+    : PresetPage(page, QStringLiteral("Mains"), page->objectName())
     , tables(displayTables)
 {
     setObjectName(QStringLiteral("mains_"));
@@ -19,13 +17,13 @@ MainsStrip::MainsStrip(QWidget* page, const Tables& displayTables)
 
 bool MainsStrip::isParameter(const Control& control) const
 {
-    return control.widget()->objectName() != MainsStripForm::reverbLevelName();
+    return control.name() != MainsStripForm::reverbLevelName();
 }
 
 Wire MainsStrip::reverbWire()
 {
-    const Control* level = controlNamed(MainsStripForm::reverbLevelName());
-    return {level->slider, SIGNAL(valueChanged(int)), this, SIGNAL(signal_reverb_level(int))};
+    return controlNamed(MainsStripForm::reverbLevelName())
+        ->wireTo(this, SIGNAL(signal_reverb_level(int)));
 }
 
 void MainsStrip::slot_reverb_level(int value)

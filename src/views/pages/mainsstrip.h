@@ -1,10 +1,10 @@
 #pragma once
 
-#include "parameterpage.h"
+#include "presetpage.h"
 
 // The page of the mains: equaliser, compressor, gate, and the reverb's level, which belongs to the
 // reverb page and is mirrored here. ChannelStripTab owns it.
-class MainsStrip : public ParameterPage
+class MainsStrip : public PresetPage
 {
     Q_OBJECT
 

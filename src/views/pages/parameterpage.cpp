@@ -1,13 +1,6 @@
 #include "parameterpage.h"
 
-#include "nowrapdial.h"
-#include "storedvalue.h"
-
-#include <QCoreApplication>
 #include <QDebug>
-#include <QEventLoop>
-#include <QPointer>
-#include <QToolButton>
 
 ParameterPage::ParameterPage(QWidget* parent, const QString& spokenName, const QString& keyPrefix)
     : ControlPage(parent, spokenName)
@@ -15,12 +8,12 @@ ParameterPage::ParameterPage(QWidget* parent, const QString& spokenName, const Q
 {
 }
 
-QString ParameterPage::keyOf(const QString& objectName) const
+QString ParameterPage::keyOf(const Control& control) const
 {
-    return prefix.isEmpty() ? objectName : prefix + QLatin1Char('_') + objectName;
+    return prefix.isEmpty() ? control.name() : prefix + QLatin1Char('_') + control.name();
 }
 
-QString ParameterPage::objectNameIn(const QString& key) const
+QString ParameterPage::nameIn(const QString& key) const
 {
     if (prefix.isEmpty())
         return key;
@@ -30,18 +23,14 @@ QString ParameterPage::objectNameIn(const QString& key) const
     return key.sliced(prefix.size() + 1);
 }
 
-bool ParameterPage::isParameter(const Control& /*control*/) const { return true; }
-
-bool ParameterPage::isSent(const Control& /*control*/) const { return true; }
-
 Wire ParameterPage::storeWire(const Control& control)
 {
-    return {control.widget(), control.changeSignal(), this, SLOT(slotValueChanged())};
+    return control.wireTo(this, SLOT(slotValueChanged()));
 }
 
 Wire ParameterPage::sendWire(const Control& control)
 {
-    return {control.widget(), control.changeSignal(), this, SLOT(slotSendSysexParameter())};
+    return control.wireTo(this, SLOT(slotSendSysexParameter()));
 }
 
 void ParameterPage::slotConnectElements()
@@ -69,7 +58,7 @@ void ParameterPage::slotConnectToSysexSending()
         return;
     sending = true;
     for (const Control& control : allControls())
-        if (isParameter(control))
+        if (isParameter(control) && isSent(control))
             sendWire(control).connect();
 }
 
@@ -82,85 +71,17 @@ void ParameterPage::slotDisconnectToSysexSending()
         sendWire(control).disconnect();
 }
 
-ParameterPage::SendingCut::SendingCut(ParameterPage* cutPage)
-    : page(cutPage)
-    , wasSending(page->sending)
-{
-    if (wasSending)
-        page->slotDisconnectToSysexSending();
-}
-
-ParameterPage::SendingCut::~SendingCut()
-{
-    if (wasSending)
-        page->slotConnectToSysexSending();
-}
-
-void ParameterPage::store(const Control& control, int value)
-{
-    emit signalStoreValue(keyOf(control), value, -1);
-}
-
-void ParameterPage::slotValueChanged()
-{
-    if (const Control* control = controlOf(sender()); control != nullptr)
-        changedByUser(*control);
-    else
-        qDebug() << "does anything happen here?";
-    emit signalCheckSavedState(-1);
-}
-
-void ParameterPage::changedByUser(const Control& control) { store(control, control.value()); }
-
-void ParameterPage::slotSendSysexParameter()
+const ParameterPage::Control* ParameterPage::wiredControl() const
 {
     const Control* control = controlOf(sender());
-    if (control == nullptr) {
+    if (control == nullptr)
         qDebug() << "does anything happen here?";
-        return;
-    }
-    if (isSent(*control))
-        emit signalSendPresetParameter(keyOf(*control), control->value());
-}
-
-void ParameterPage::slotRecallPreset(QVariantMap preset)
-{
-    slotDisconnectElements();
-    const QPointer<ParameterPage> alive(this);
-    const int number = ++recallNumber;
-    if (letsEventsPass())
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    // The page may be gone, and a newer recall may have come in between.
-    if (!alive || number != recallNumber)
-        return;
-    for (const Control& control : allControls())
-        if (isParameter(control))
-            recall(control, preset);
-    slotConnectElements();
-}
-
-void ParameterPage::recall(const Control& control, const QVariantMap& preset)
-{
-    const QString key = keyOf(control);
-    setControl(control, storedInt(preset.value(key), key));
-}
-
-void ParameterPage::takeFromMixer(const Control& control, int value)
-{
-    {
-        // The store gets what the mixer holds, once, not what the control makes of it.
-        const WireCut cut(storeWire(control));
-        setControl(control, value);
-    }
-    if (!storing)
-        return;
-    store(control, control.button != nullptr ? control.value() : value);
-    emit signalCheckSavedState(-1);
+    return control;
 }
 
 void ParameterPage::receive(const QString& key, int value)
 {
-    const QString name = objectNameIn(key);
+    const QString name = nameIn(key);
     if (name.isEmpty())
         return;
     const Control* control = controlNamed(name);
@@ -168,6 +89,25 @@ void ParameterPage::receive(const QString& key, int value)
         qDebug() << "no control for" << key;
         return;
     }
-    const SendingCut cut(this);
-    takeFromMixer(*control, value);
+    const WireCut sendCut(sendWire(*control));
+    std::optional<int> taken;
+    {
+        // The store gets what the mixer holds, once, not what the control makes of it.
+        const WireCut storeCut(storeWire(*control));
+        taken = setControl(*control, value);
+    }
+    if (storing && taken)
+        store(*control, *taken);
+}
+
+void ParameterPage::recall(const QVariantMap& values)
+{
+    slotDisconnectElements();
+    for (const Control& control : allControls()) {
+        if (!isParameter(control))
+            continue;
+        if (const std::optional<int> value = recalled(control, values); value)
+            setControl(control, *value);
+    }
+    slotConnectElements();
 }

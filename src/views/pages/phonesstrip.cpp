@@ -3,11 +3,11 @@
 #include "forms/outputforms.h"
 
 PhonesStrip::PhonesStrip(QWidget* page)
-    : ParameterPage(page, QStringLiteral("Phones"), page->objectName())
+    : PresetPage(page, QStringLiteral("Phones"), page->objectName())
 {
     setObjectName(QStringLiteral("phones_"));
     const PhonesStripForm form(hostWidget(), spokenName());
     setGeometry(hostWidget()->geometry());
-    adoptForm(PhonesStripForm::controlRows(), {});
+    adoptForm({}, {}, {PhonesStripForm::choiceRow()});
     clearFocusOnPress(form.panel);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "parameterpage.h"
+#include "presetpage.h"
 
 // The page of the phones: which channel they hear. ChannelStripTab owns it.
-class PhonesStrip : public ParameterPage
+class PhonesStrip : public PresetPage
 {
     Q_OBJECT
 

@@ -2,10 +2,8 @@
 
 #include "forms/reverbform.h"
 
-#include <QAbstractSlider>
-
 ReverbTabForm::ReverbTabForm(QWidget* parent)
-    : ParameterPage(parent, QStringLiteral("Reverb"), {})
+    : PresetPage(parent, QStringLiteral("Reverb"), {})
 {
     setObjectName(QStringLiteral("reverbTabForm"));
     const ReverbForm form(hostWidget(), spokenName());
@@ -18,8 +16,7 @@ ReverbTabForm::ReverbTabForm(QWidget* parent)
 
 Wire ReverbTabForm::levelWire()
 {
-    const Control* level = controlNamed(ReverbForm::levelName());
-    return {level->slider, SIGNAL(valueChanged(int)), this, SIGNAL(signal_reverb_level(int))};
+    return controlNamed(ReverbForm::levelName())->wireTo(this, SIGNAL(signal_reverb_level(int)));
 }
 
 void ReverbTabForm::slotReceiveReverbParams(QString jsonName, int value)

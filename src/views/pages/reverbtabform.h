@@ -1,10 +1,10 @@
 #pragma once
 
-#include "parameterpage.h"
+#include "presetpage.h"
 
 // The page of the reverb: what each channel sends to it, its level and its sound. Its controls bear
 // their whole keys as object names. The full-power view owns it.
-class ReverbTabForm : public ParameterPage
+class ReverbTabForm : public PresetPage
 {
     Q_OBJECT
 

@@ -2,11 +2,11 @@
 
 #include "formbuilder.h"
 #include "mixershape.h"
-#include "monitorselector.h"
 #include "stripparts.h"
 
 #include <QFrame>
 #include <QLabel>
+#include <QPushButton>
 
 using namespace stripparts;
 
@@ -64,6 +64,53 @@ QList<ControlRow> makeMainsRows()
     rows.last().parameter = &parametertable::at(QStringLiteral("reverbtab_level"));
     setParameters(rows, QStringLiteral("channelstrip_mains_"));
     return rows;
+}
+
+// The values are the channels' numbers.
+ChoiceRow makeMonitorRow()
+{
+    constexpr const char* names[]{"CH 1", "CH 2", "CH 3",  "CH 4",  "CH 5",  "CH 6",
+                                  "CH 7", "CH 8", "MAINS", "AUX 1", "AUX 2", "AUX 3"};
+    ChoiceRow row{.name = "monitor_select",
+                  .caption = "LISTEN TO",
+                  .spoken = "listen to",
+                  .toolTip = "What the phones hear.",
+                  .takesNearest = true};
+    for (const char* name : names) {
+        const int channel = static_cast<int>(row.buttons.size()) + 1;
+        row.buttons.append({QStringLiteral("monitor_button_%1").arg(channel), channel, name});
+    }
+    return row;
+}
+
+// Twelve in three rows, the first one lit.
+void layMonitorKeys(QFrame* panel, const ChoiceRow& row, const QString& spokenPage)
+{
+    constexpr int columns = 4;
+    constexpr int gap = 8;
+    constexpr QSize size(126, 64);
+    const int count = static_cast<int>(row.buttons.size());
+    const auto extent = [](int keys, int side) { return keys * (side + gap) - gap; };
+    const int width = extent(columns, size.width());
+    auto* part = new QWidget(panel);
+    part->setObjectName(row.name);
+    part->setAccessibleName(QStringLiteral("%1, %2").arg(spokenPage, row.spoken));
+    part->setToolTip(row.toolTip);
+    part->setGeometry((panel->width() - width) / 2, 88, width,
+                      extent(count / columns, size.height()));
+    for (const auto& [name, channel, caption] : row.buttons) {
+        auto* key = new QPushButton(caption, part);
+        key->setObjectName(name);
+        key->setProperty("role", channels::isInput(channel) ? "input" : "output");
+        key->setCheckable(true);
+        key->setChecked(channel == 1);
+        key->setAccessibleName(QStringLiteral("%1, %2 %3").arg(spokenPage, row.spoken, caption));
+        key->setToolTip(QStringLiteral("Hear %1 in the phones.").arg(caption));
+        const int column = (channel - 1) % columns;
+        const int line = (channel - 1) / columns;
+        key->setGeometry(
+            {QPoint(column * (size.width() + gap), line * (size.height() + gap)), size});
+    }
 }
 
 } // namespace
@@ -131,15 +178,10 @@ MainsStripForm::MainsStripForm(QWidget* host, const QString& spokenPage)
     focusAreas = {reverb, eq, dynamics};
 }
 
-const QList<ControlRow>& PhonesStripForm::controlRows()
+const ChoiceRow& PhonesStripForm::choiceRow()
 {
-    static const QList<ControlRow> rows{
-        {.name = "monitor_select",
-         .caption = "LISTEN TO",
-         .spoken = "listen to",
-         .parameter = &parametertable::at(QStringLiteral("channelstrip_phones_monitor_select")),
-         .toolTip = "What the phones hear."}};
-    return rows;
+    static const ChoiceRow row = makeMonitorRow();
+    return row;
 }
 
 PhonesStripForm::PhonesStripForm(QWidget* host, const QString& spokenPage)
@@ -150,14 +192,6 @@ PhonesStripForm::PhonesStripForm(QWidget* host, const QString& spokenPage)
         builder.group("groupBox_Phones", {}, {margin, margin, pageWidth - 2 * margin, panelHeight});
     panel = group;
     layPageName(builder, group, QStringLiteral("PHONES"), {0, 6, group->width(), nameHeight});
-    const ControlRow& row = controlRows().first();
-    builder.label(group, row.caption, {0, 56, group->width(), 16}, "send");
-
-    constexpr QSize size(528, 208);
-    auto* selector = new MonitorSelector(group, size, spokenPage);
-    selector->setObjectName(row.name);
-    selector->setAccessibleName(QStringLiteral("%1, %2").arg(spokenPage, row.spoken));
-    selector->setToolTip(row.toolTip);
-    selector->setRange(row.parameter->lowest, row.parameter->highest);
-    selector->move((group->width() - size.width()) / 2, 88);
+    builder.label(group, choiceRow().caption, {0, 56, group->width(), 16}, "send");
+    layMonitorKeys(group, choiceRow(), spokenPage);
 }

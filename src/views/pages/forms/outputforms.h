@@ -34,5 +34,5 @@ struct PhonesStripForm {
 
     PhonesStripForm(QWidget* host, const QString& spokenPage);
 
-    static const QList<ControlRow>& controlRows();
+    static const ChoiceRow& choiceRow();
 };
