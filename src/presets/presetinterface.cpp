@@ -10,7 +10,7 @@ PresetInterface::PresetInterface(QObject* parent)
                  "WARNING: JSum Editor JSON Not Found - path: ", "JSum Editor JSON Not Found"})
     , liveMemoryTimer(new QTimer(this))
     , saveDelay(liveMemoryTimer, liveMemoryTicks, this, SLOT(slotSaveLiveMemoryTimeout()))
-    , sender(this, [this](const QString& jsonName, int value) {
+    , sender(this, Parameter::Store::Preset, [this](const QString& jsonName, int value) {
         emit signalSendPresetParameter(jsonName, value);
     })
 {

@@ -2,8 +2,8 @@
 
 #include "jsonstore.h"
 #include "librarytext.h"
+#include "parametersender.h"
 #include "presetlibrary.h"
-#include "presetsender.h"
 #include "reorderablelistwidget.h"
 #include "savedelay.h"
 
@@ -175,7 +175,7 @@ private:
     LibraryText libraryText;
     QVariantMap defaultMap;
     SaveDelay saveDelay;
-    PresetSender sender;
+    ParameterSender sender;
     int currentPreset = -1;
     bool syncComplete = false;
     bool recalling = false;
