@@ -4,21 +4,28 @@
 #include "definitions.h"
 #include "firmwareupdatemanager.h"
 #include "fullpowerview.h"
+#include "globalimportexporthandler.h"
 #include "globalpresetinterface.h"
+#include "importexporthandler.h"
 #include "pagestyle.h"
 #include "presetinterface.h"
+#include "settingspage.h"
 #include "sysexmanager.h"
+#include "updatecheck.h"
+#include "usbaudio.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDebug>
+#include <QDir>
 #include <QEventLoop>
 #include <QFile>
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMoveEvent>
+#include <QNetworkAccessManager>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSettings>
@@ -52,7 +59,12 @@ ViewManager::ViewManager(Splash splash, std::unique_ptr<MidiPorts> ports, JsonFi
     , definitions(new Definitions(this))
     , sysexManager(new SysexManager(this, std::move(ports)))
     , presetInterface(new PresetInterface)
+    , importExportHandler(new ImportExportHandler(presetInterface, this))
     , globalPresetInterface(new GlobalPresetInterface(this))
+    , globalImportExportHandler(new GlobalImportExportHandler(globalPresetInterface, this))
+    , globalSender(
+          this, Parameter::Store::Global,
+          [this](const QString& name, int value) { emit signalSendGlobalParameter(name, value); })
     , presetsAccess(access)
 {
     // A static library's resources are known only when somebody asks for them.
@@ -69,7 +81,13 @@ ViewManager::ViewManager(Splash splash, std::unique_ptr<MidiPorts> ports, JsonFi
     QCoreApplication::setOrganizationDomain(QStringLiteral("dorvane.example"));
     // Reads the names just set.
     settingsStore = new QSettings(this);
+    networkManager = new QNetworkAccessManager(this);
+    updateCheck = new UpdateCheck(networkManager, settingsStore, this);
+    connect(networkManager, SIGNAL(finished(QNetworkReply*)),
+            SLOT(slotUpdateCheckReply(QNetworkReply*)));
     slotCreateResourcesFolder();
+    dfuToolPath =
+        QDir(QStringLiteral("./resources")).absoluteFilePath(QStringLiteral("dfucons.exe"));
 
     form.setupUi(this);
     setCentralWidget(form.centralwidget);
@@ -106,6 +124,11 @@ ViewManager::ViewManager(Splash splash, std::unique_ptr<MidiPorts> ports, JsonFi
             SLOT(setText(QString)));
     constexpr int lightText = 242;
     slotInitSpinboxTextColor(lightText);
+    setupExchange();
+    slotSetAppVersions();
+    slotCheckForUpdates();
+    setupUsbAudio();
+    settingsPage->settingsForm().controlPanel->setText(QStringLiteral("Control Panel"));
 }
 
 ViewManager::~ViewManager() = default;
@@ -140,8 +163,6 @@ void ViewManager::setupDialogs()
     disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
     disableWidget->setStyleSheet(QStringLiteral("background: rgba(0,0,0,200);"));
 
-    // The settings dialog is placed and hidden like the others; nothing opens it yet.
-    settingsDialog->setObjectName(QStringLiteral("settingsDialogForm"));
     innerDialogs.setSheet(disableWidget);
     using Escape = InnerDialogs::Escape;
     for (QWidget* dialog :
@@ -154,6 +175,7 @@ void ViewManager::setupDialogs()
         placeDialog(dialog, windowWidth, windowHeight);
     connect(&innerDialogs, SIGNAL(signalClosed()), SLOT(slotHideDisableWidget()));
     aboutDialogForm.setupUi(aboutDialog);
+    setupSettings();
     demoDialogForm.setupUi(demoDialog);
     fwOutOfDateDialogForm.setupUi(fwOutOfDateDialog);
     fwProgressDialogForm.setupUi(fwProgressDialog);
@@ -173,6 +195,10 @@ void ViewManager::setupEventFilters()
 
 void ViewManager::slotConnectInterfaces()
 {
+    connect(fullPowerView, SIGNAL(signalConnectGlobalSysex()),
+            SLOT(slotConnectToSysexGlobalSending()));
+    connect(fullPowerView, SIGNAL(signalDisconnectGlobalSysex()),
+            SLOT(slotDisconnectToSysexGlobalSending()));
     connect(sysexManager, SIGNAL(signalConsoleText(QString)), this,
             SLOT(slotAddTextToFwConsole(QString)));
     connect(sysexManager, SIGNAL(signalSetFwProgressBar(int)), this,
@@ -183,14 +209,27 @@ void ViewManager::slotConnectInterfaces()
     connect(sysexManager, SIGNAL(signalConnected(bool)), this, SLOT(slotInitAfterConnection(bool)));
     connect(sysexManager, SIGNAL(signalInitFullPowerMode()), this, SLOT(slotInitFullPowerView()));
     connect(sysexManager, SIGNAL(signalInitLowPowerMode()), this, SLOT(slotInitLowPowerView()));
+    slotConnectToSysexGlobalSending();
     connect(this, SIGNAL(signalSendGlobalParameter(QString, int)), sysexManager,
             SLOT(slotSendGlobalParameters(QString, int)));
+    connect(sysexManager, SIGNAL(signalReceiveMainwindowGlobalParams(QString, int)), this,
+            SLOT(slotReceiveGlobalParams(QString, int)));
+    slotConnectGlobal();
+    connect(globalPresetInterface, SIGNAL(signalRecallGlobal(QVariantMap)), this,
+            SLOT(slotRecallGlobal(QVariantMap)));
     connect(this, SIGNAL(signalStoreGlobal(QString, QVariant)), globalPresetInterface,
             SLOT(slotStoreGlobal(QString, QVariant)));
     connect(sysexManager, SIGNAL(signalExitDemoMode()), this, SLOT(slotExitDemoMode()));
+    connect(fullPowerView, SIGNAL(signalNewPresetList()), this,
+            SLOT(slotUpdateExportPresetActions()));
+    connect(fullPowerView, SIGNAL(signalSetPhantom(int, int)), this,
+            SLOT(slotSetPhantom(int, int)));
+    connect(settingsPage->settingsForm().controlPanel, SIGNAL(clicked()), this,
+            SLOT(slotOpenAudioMidiSetup()));
     connect(form.enterDemoMode, SIGNAL(clicked()), this, SLOT(slotEnterDemoMode()));
     connect(fullPowerView, SIGNAL(signalFindAudioDeviceNames()), sysexManager,
             SIGNAL(signalFindAudioDevicesAfterConnection()));
+    connect(sysexManager, SIGNAL(signalHUIPortButton(bool)), this, SLOT(slotHUIPortButton(bool)));
     connect(this, SIGNAL(signalAppClosing()), sysexManager, SLOT(slotSendSysexCommEndMessage()));
     connect(this, SIGNAL(signalAppClosing()), fullPowerView, SLOT(slotAppClosing()));
     connect(aboutDialogForm.ok, SIGNAL(clicked()), &innerDialogs, SLOT(slotCloseDialog()));
@@ -209,6 +248,7 @@ void ViewManager::closeEvent(QCloseEvent* event)
 {
     emit signalAppClosing();
     qDebug() << "closing...";
+    updateCheck->stop();
     if (sysexManager->firmware()->isUpdating()) {
         // A flasher is not killed half-way.
         hide();

@@ -3,24 +3,34 @@
 #include "forms/shellforms.h"
 #include "innerdialogs.h"
 #include "jsonfile.h"
+#include "parametersender.h"
 #include "tooltipeventfilter.h"
 
 #include <QMainWindow>
 #include <QString>
+#include <QVariantMap>
 
+#include <functional>
 #include <memory>
 
 class Definitions;
 class FullPowerView;
+class GlobalImportExportHandler;
 class GlobalPresetInterface;
+class ImportExportHandler;
 class MidiPorts;
 class PresetInterface;
 class QAction;
 class QFile;
 class QMenu;
 class QMenuBar;
+class QNetworkAccessManager;
+class QNetworkReply;
 class QSettings;
+class SettingsPage;
 class SysexManager;
+class UpdateCheck;
+class UsbAudio;
 
 // The main window and the program's composition root: owns the device link and the views, holds the
 // shell's in-window dialogs, and decides which face the one window shows. Its size is fixed at all
@@ -79,7 +89,34 @@ public slots:
     void slotCloseDemoDialog();
     void slotExitDemoMode();
 
+    // The settings dialog's controls: the store wire and the send wire.
+    void slotConnectGlobal();
+    void slotDisconnectGlobal();
+    void slotConnectToSysexGlobalSending();
+    void slotDisconnectToSysexGlobalSending();
+    void slotGlobalChanged();
+    void slotSendSysexGlobalParameter();
+    void slotRecallGlobal(QVariantMap map);
+    void slotReceiveGlobalParams(QString jsonName, int value);
+    // channel: 0 or 1. A strip's phantom power was pressed; the dialog's button follows.
+    void slotSetPhantom(int channel, int state);
+    void slotSetButtonPhantom(int channel, int state);
+    void slotOpenAudioMidiSetup();
+    void slotHUIPortButton(bool checked);
+    void slotShowHUIHelp();
+    void slot_GetUSBDriverSettings();
+    void slot_LoadUSBFinished(int exitCode);
+    void slot_ReadErrOutputFromLoadUSBProcess();
+    void slot_ReadStdOutputFromLoadUSBProcess();
+
+    // All globals to the factory's, and to the mixer; a box tells.
     void slotClearGlobalPreset();
+    void slotImportGlobalPreset();
+    // The submenu follows the library.
+    void slotUpdateExportPresetActions();
+    void slotSetAppVersions();
+    void slotCheckForUpdates();
+    void slotUpdateCheckReply(QNetworkReply* reply);
     void slotOpenDoc();
     void slotEnableDisableToolTips();
 
@@ -99,8 +136,16 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    // Files of presets and globals, while their menu entries are enabled.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private slots:
+    void slotShowSettings();
+    void slotShowPhantomOnStrips(QString name, int value);
+    void slotSetUsb(QString menu, QString text);
+    void slotShowUsbSetting(QString menu, QString text);
+    void slotUsbFailed(QString why);
     void slotFwCheckStarted();
     void slotShowAboutDialog();
     void slotForceFirmwareUpdate();
@@ -123,16 +168,29 @@ private:
     void placeDialog(QWidget* dialog, int width, int height);
     void setToolTipsEnabled(bool enabled);
     void writeFirmwareLog();
+    void addFileActions(QMenu* menu);
     void addEditActions(QMenu* menu);
-    // Those of the Edit menu that need a mixer or the demo.
-    void enableEditActions(bool enabled);
+    // Those that need a mixer or the demo.
+    void enableModeActions(bool enabled);
+
+    void setupSettings();
+    void setupUsbAudio();
+    void setupExchange();
+    void connectImport(bool connected);
+    void changeGlobals(const std::function<void()>& change);
+    void sendGlobals();
+    void tell(const QString& title, const QString& text, const QString& detail = {});
 
     QSettings* settingsStore = nullptr;
+    QNetworkAccessManager* networkManager = nullptr;
     Definitions* definitions = nullptr;
     SysexManager* sysexManager = nullptr;
     // Has no parent and is never deleted: it ends with the process.
     PresetInterface* presetInterface = nullptr;
+    ImportExportHandler* importExportHandler = nullptr;
     GlobalPresetInterface* globalPresetInterface = nullptr;
+    GlobalImportExportHandler* globalImportExportHandler = nullptr;
+    ParameterSender globalSender;
     ToolTipEventFilter toolTipFilter;
     FullPowerView* fullPowerView = nullptr;
     QWidget* fullPowerContainer = nullptr;
@@ -150,12 +208,22 @@ private:
     // False in this program: files are found through the working directory.
     bool resourcesInAppData = false;
     QString resourcesFolder;
+    QString dfuToolPath;
+    UsbAudio* usbAudio = nullptr;
+    UpdateCheck* updateCheck = nullptr;
+    SettingsPage* settingsPage = nullptr;
     QFile* fwLogFile = nullptr;
     // The check tool's output until both versions were found in it.
     QString fwCheckOutput;
     bool fwVersionsFound = false;
 
     QMenuBar* menuBar = nullptr;
+    QMenu* exportPresetMenu = nullptr;
+    QAction* exportAllPresetsAct = nullptr;
+    QAction* importPresetAct = nullptr;
+    QAction* exportGlobalAct = nullptr;
+    QAction* importGlobalAct = nullptr;
+    QAction* preferencesAct = nullptr;
     QAction* copyPresetAct = nullptr;
     QAction* pastePresetAct = nullptr;
     QAction* pasteNewPresetAct = nullptr;
@@ -174,6 +242,9 @@ private:
     // For whom the full-power face was entered last; for nobody since the mixer's ports have gone.
     enum class Entry { None, Mixer, Demo };
     Entry fullPowerEntry = Entry::None;
+    int entryNumber = 0;
+    // All of them were changed before the mixer's state was here.
+    bool globalsWaitForSync = false;
 
     MainForm form;
     AboutDialogForm aboutDialogForm;

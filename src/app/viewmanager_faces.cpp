@@ -4,7 +4,7 @@
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
 #include "presetinterface.h"
-#include "selectallspinbox.h"
+#include "settingspage.h"
 #include "sysexmanager.h"
 
 #include <QAction>
@@ -76,6 +76,8 @@ void ViewManager::slotInitAfterConnection(bool connected)
         return;
 
     fullPowerEntry = Entry::None;
+    ++entryNumber;
+    globalsWaitForSync = false;
     windowWidth = splashWidth;
     windowHeight = splashHeight;
     form.fullPowerViewWidget->close();
@@ -101,10 +103,11 @@ void ViewManager::slotInitAfterConnection(bool connected)
     slotHideDisableWidget();
 
     fullPowerView->slotDeInitializeFullPowerMode();
-    enableEditActions(false);
+    enableModeActions(false);
     clearGlobalPresetAct->setEnabled(false);
     forceFirmwareUpdateAct->setEnabled(false);
     demoModeAct->setEnabled(true);
+    connectImport(false);
     disconnect(fullPowerView, SIGNAL(signalChangeWindowSize(int, int)), this,
                SLOT(slotChangeWindowSize(int, int)));
     disconnect(this, SIGNAL(signalReportMainWindowPos(int, int)), fullPowerView,
@@ -118,6 +121,7 @@ void ViewManager::slotInitFullPowerView()
     const Entry entry = demoModeEnabled ? Entry::Demo : Entry::Mixer;
     if (std::exchange(fullPowerEntry, entry) == entry)
         return;
+    ++entryNumber;
     fullPowerView->slotDeInitializeFullPowerMode();
     fullPowerView->slotShowPresets(true);
 
@@ -129,8 +133,15 @@ void ViewManager::slotInitFullPowerView()
         placeDialog(dialog, windowWidth, windowHeight);
     }
     disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
-    enableEditActions(true);
+    const SettingsForm& settings = settingsPage->settingsForm();
+    settings.reset_receive_decision->setEnabled(true);
+    settings.view_linking_enable->setEnabled(true);
+    settings.hui->setEnabled(!demoModeEnabled);
+    if (demoModeEnabled)
+        slotConnectToSysexGlobalSending();
+    enableModeActions(true);
     fwProgressDialogForm.progressBar->reset();
+    connectImport(true);
 
     // Never disconnected: every further entry stacks one more delivery.
     connect(fullPowerView, SIGNAL(signalAddTextToFwLog(QString)), this,
@@ -150,13 +161,16 @@ void ViewManager::slotInitFullPowerView()
     connect(this, SIGNAL(signalReportMainWindowPos(int, int)), fullPowerView,
             SIGNAL(signalReportMainWindowPos(int, int)));
     emit signalReportMainWindowPos(x(), y());
+    // Never disconnected, and never doubled: one click opens one box.
+    connect(settings.huiHelp, SIGNAL(clicked()), this, SLOT(slotShowHUIHelp()),
+            Qt::UniqueConnection);
 }
 
 // Nothing can be pasted at first; what is copied lights these up.
-void ViewManager::enableEditActions(bool enabled)
+void ViewManager::enableModeActions(bool enabled)
 {
-    for (QAction* action :
-         {clearPresetAct, copyPresetAct, copyFullChannelAct, autoPopulateSetlistAct})
+    for (QAction* action : {importPresetAct, importGlobalAct, clearPresetAct, copyPresetAct,
+                            copyFullChannelAct, autoPopulateSetlistAct, preferencesAct})
         action->setEnabled(enabled);
     for (QAction* action : {pastePresetAct, pasteNewPresetAct, pasteFullChannelAct})
         action->setEnabled(false);
@@ -168,6 +182,11 @@ void ViewManager::slotInitLowPowerView()
     windowHeight = 410;
     aboutDialog->move(244, 106);
     settingsDialog->setGeometry(centred(settingsSize, windowWidth, windowHeight, 2));
+    const SettingsForm& settings = settingsPage->settingsForm();
+    settings.reset_receive_decision->setEnabled(false);
+    settings.view_linking_enable->setEnabled(false);
+    settings.hui->setEnabled(false);
+    preferencesAct->setEnabled(true);
     for (QWidget* dialog : {fwForceDialog, fwOutOfDateDialog, fwProgressDialog, fwErrorDialog})
         placeDialog(dialog, windowWidth, windowHeight);
     disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
@@ -210,12 +229,6 @@ void ViewManager::slotShowPresets()
 
 void ViewManager::slotShowFP() { fullPowerContainer->show(); }
 
-void ViewManager::slotInitSpinboxTextColor(int brightness)
-{
-    for (SelectAllSpinbox* box : settingsDialog->findChildren<SelectAllSpinbox*>())
-        box->slotSetTextColorBrightness(brightness);
-}
-
 void ViewManager::slotEnterDemoMode()
 {
     demoModeEnabled = true;
@@ -244,6 +257,7 @@ void ViewManager::slotExitDemoMode()
     presetInterface->slotSetDemoModeEnabled(false);
     globalPresetInterface->slotSetDemoModeEnabled(false);
     fullPowerView->slotSetDemoModeEnabled(false);
+    slotUpdateExportPresetActions();
     disconnect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotCloseDemoDialog()));
     disconnect(demoDialogForm.ok, SIGNAL(clicked()), this, SLOT(slotInitFullPowerView()));
 }

@@ -3,6 +3,7 @@
 
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
+#include "importexporthandler.h"
 
 #include <QAction>
 #include <QDebug>
@@ -10,7 +11,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSettings>
@@ -39,6 +39,7 @@ void ViewManager::slotInitMenuBar()
     QMenu* hardwareMenu = addMenu(QStringLiteral("Hardware"), "HardwareMenu");
     QMenu* helpMenu = addMenu(QStringLiteral("Help"), "HelpMenu");
 
+    addFileActions(fileMenu);
     addEditActions(editMenu);
 
     forceFirmwareUpdateAct = hardwareMenu->addAction(QStringLiteral("Force Firmware Update"));
@@ -46,6 +47,10 @@ void ViewManager::slotInitMenuBar()
     connect(forceFirmwareUpdateAct, SIGNAL(triggered()), this, SLOT(slotForceFirmwareUpdate()));
 
     helpMenu->addAction(QStringLiteral("About JSum Editor"), this, SLOT(slotShowAboutDialog()));
+    preferencesAct =
+        helpMenu->addAction(QStringLiteral("Preferences..."), this, SLOT(slotShowSettings()));
+    preferencesAct->setShortcut(QStringLiteral("Ctrl+,"));
+    preferencesAct->setEnabled(false);
     helpMenu->addAction(QStringLiteral("Documentation..."), this, SLOT(slotOpenDoc()));
     helpMenu->addSeparator();
     // A child of the File menu, though it stands in Help.
@@ -63,9 +68,34 @@ void ViewManager::slotInitMenuBar()
     demoModeAct = new QAction(QStringLiteral("Enter Demo Mode..."), this);
     connect(demoModeAct, SIGNAL(triggered()), this, SLOT(slotEnterDemoMode()));
 
-    for (QMenu* menu : {fileMenu, editMenu, hardwareMenu, helpMenu})
-        menu->menuAction()->setVisible(!menu->isEmpty());
+    helpMenu->addSeparator();
+    helpMenu->addAction(QStringLiteral("Check for Updates..."), this, SLOT(slotCheckForUpdates()));
     menuBar->show();
+}
+
+void ViewManager::addFileActions(QMenu* menu)
+{
+    exportPresetMenu = menu->addMenu(QStringLiteral("Export Preset"));
+    // A library of a thousand is taller than any screen.
+    exportPresetMenu->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
+    slotUpdateExportPresetActions();
+    const auto add = [menu](const QString& title, const char* name, QObject* receiver,
+                            const char* slot) {
+        QAction* action = menu->addAction(title, receiver, slot);
+        action->setObjectName(QLatin1String(name));
+        return action;
+    };
+    exportAllPresetsAct = add(QStringLiteral("Export All Presets"), "exportAllPresets",
+                              importExportHandler, SLOT(slotExportAllPresets()));
+    importPresetAct = add(QStringLiteral("Import Preset"), "importPreset", importExportHandler,
+                          SLOT(slotImportPreset()));
+    menu->addSeparator();
+    exportGlobalAct = add(QStringLiteral("Export Global Mappings"), "exportGlobal",
+                          globalPresetInterface, SLOT(slotExportGlobalMap()));
+    importGlobalAct = add(QStringLiteral("Import Global Mappings"), "importGlobal", this,
+                          SLOT(slotImportGlobalPreset()));
+    for (QAction* action : {importPresetAct, importGlobalAct})
+        action->setEnabled(false);
 }
 
 void ViewManager::addEditActions(QMenu* menu)
@@ -94,21 +124,6 @@ void ViewManager::addEditActions(QMenu* menu)
                                                 pasteFullChannelAct, autoPopulateSetlistAct);
 }
 
-// The settings dialog's view linking is off meanwhile: a change of all globals doesn't move the
-// view.
-void ViewManager::slotClearGlobalPreset()
-{
-    const auto* linking =
-        settingsDialog->findChild<QAbstractButton*>(QStringLiteral("view_linking_enable"));
-    const bool linked =
-        linking != nullptr && linking->isChecked() && !fullPowerContainer->isHidden();
-    if (linked)
-        fullPowerView->slotEnableViewChanging(false);
-    globalPresetInterface->slotClearGlobalPreset();
-    if (linked)
-        fullPowerView->slotEnableViewChanging(true);
-}
-
 void ViewManager::slotForceFirmwareUpdate()
 {
     innerDialogs.open(fwForceDialog, fwForceDialogForm.update);
@@ -124,15 +139,10 @@ void ViewManager::slotOpenDoc()
     if (QFileInfo::exists(manual) && QDesktopServices::openUrl(QUrl::fromLocalFile(manual)))
         return;
     qDebug() << "could not open the manual" << manual;
-    auto* box = new QMessageBox(QMessageBox::Information, QStringLiteral("Documentation"),
-                                QFileInfo::exists(manual)
-                                    ? QStringLiteral("No program was found that opens the manual:")
-                                    : QStringLiteral("The manual is missing:"),
-                                QMessageBox::Ok, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setInformativeText(manual);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    tell(QStringLiteral("Documentation"),
+         QFileInfo::exists(manual) ? QStringLiteral("No program was found that opens the manual:")
+                                   : QStringLiteral("The manual is missing:"),
+         manual);
 }
 
 void ViewManager::setToolTipsEnabled(bool enabled)

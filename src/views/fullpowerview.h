@@ -61,6 +61,10 @@ public:
     ChannelStripTab* channelStrips() const { return channelStripTab; }
     Setlist* setlistStore() const { return setlist; }
     CopyPasteHandler* copyPaste() const { return copyPasteHandler; }
+    // Whether a flow or a recall runs, or a mode is being entered: what changes the library waits.
+    bool isBusy() const;
+    // On the strips alone. key: of phantom power or its voltage; another changes nothing.
+    void showPhantom(const QString& key, int value);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -199,8 +203,9 @@ private slots:
     void slotCheckShownState(int presetNum);
     // Of the global parameters those that the strips show.
     void slotShowGlobals(QVariantMap globals);
-    void slotReceiveGlobalParams(QString name, int value);
-    void slotStorePhantom(QString name, int value);
+    void slotShowGlobal(QString name, int value) { showPhantom(name, value); }
+    // A press on a strip.
+    void slotPhantomPressed(QString name, int value);
 
 private:
     QList<PresetPage*> makePages();
@@ -210,6 +215,7 @@ private:
 
     // Wiring
     void makeInterfaceWires();
+    void connectFlashButton(bool connected);
     void addPageWires();
     void addPresetWires();
     void addDrawerWires();
@@ -223,7 +229,6 @@ private:
     int shownPreset(int presetNum) const;
     Wire phantomWire();
     void connectPhantom(bool connected);
-    void showPhantom(const QString& key, int value);
 
     // To the mixer, while its panel and the editor follow each other.
     bool isViewLinkingStored() const;

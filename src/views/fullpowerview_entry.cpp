@@ -27,6 +27,7 @@ bool FullPowerView::slotInitializeFullPowerMode()
     for (QWidget* widget : filteredWidgets())
         widget->installEventFilter(this);
     slotConnectInterfaces();
+    connectFlashButton(true);
     slotConnectMenuItems();
     // A recall that the last mode's end cut short left it locked.
     form.presetlist->setEnabled(true);
@@ -67,12 +68,16 @@ void FullPowerView::slotDeInitializeFullPowerMode()
     // What is typed goes, while the wires are there, to the preset it is meant for, or to nobody.
     commitEditedBox();
     innerDialogs.closeAll();
+    // The bridge lives with the mixer: without it the host's lights would gather.
+    if (mode.entry() != nullptr)
+        sysexManager->slotEnableHuiPort(false);
     mode.leave();
     selector->endMultipleSelection();
     for (QWidget* widget : filteredWidgets())
         widget->removeEventFilter(this);
     presetInterface->slotSetSyncStatus(false);
     slotDisconnectInterfaces();
+    connectFlashButton(false);
     // What the mixer's panel says of a mode that is over must check no button of the next.
     slotEnableViewChanging(false);
     slotDisconnectMenuItems();
@@ -80,6 +85,14 @@ void FullPowerView::slotDeInitializeFullPowerMode()
                SLOT(slotPopulatePresetMenu(ReorderableListWidget*)));
     transfer->rest();
     transfer->progress()->close();
+}
+
+bool FullPowerView::isBusy() const
+{
+    const ModeEntry* entry = mode.entry();
+    return presetInterface->isRecalling()
+        || (entry != nullptr
+            && (!mode.isLive() || entry->isRecalling() || transfer->progress()->isOpen()));
 }
 
 void FullPowerView::slotAppClosing()

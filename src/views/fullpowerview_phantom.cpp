@@ -53,20 +53,14 @@ void FullPowerView::slotShowGlobals(QVariantMap globals)
     }
 }
 
-void FullPowerView::slotReceiveGlobalParams(QString name, int value)
-{
-    if (!phantomKeys.contains(name) && name != voltageKey)
-        return;
-    showPhantom(name, value);
-    slotStorePhantom(name, value);
-}
-
-void FullPowerView::slotStorePhantom(QString name, int value)
+// The message goes by the strip's own wire; the shell's button follows.
+void FullPowerView::slotPhantomPressed(QString name, int value)
 {
     if (!globalPresetInterface->globalSaveTimer->isActive())
         globalPresetInterface->globalSaveTimer->start(1);
     globalPresetInterface->globalSaveTicks = 0;
     emit signalStoreGlobal(name, value);
+    slotSetPhantom(static_cast<int>(phantomKeys.indexOf(name)), value);
 }
 
 void FullPowerView::slotSetPhantom(int channel, int state)

@@ -127,26 +127,21 @@ QVariant FullPowerView::preference(const QString& key, const QVariant& fallback)
 void FullPowerView::slotSetPreferences()
 {
     connectPreferences();
-    const Flow flow = mode.flow();
-    const struct {
-        QString key;
-        QString button;
-        bool fallback;
-    } switches[]{{updatesKey, QStringLiteral("auto_check_for_updates"), true},
-                 {viewLinkingKey, viewLinkingKey, false},
-                 {huiKey, huiKey, false}};
-    for (const auto& row : switches) {
-        const bool on = preference(row.key, row.fallback).toBool();
-        auto* button = settingsDialog->findChild<QAbstractButton*>(row.button);
+    const auto showSwitch = [this](const QString& key, const QString& name, bool fallback) {
+        const bool on = preference(key, fallback).toBool();
+        auto* button = settingsDialog->findChild<QAbstractButton*>(name);
         if (button == nullptr)
-            continue;
+            return false;
         Wire{button, SIGNAL(toggled(bool)), this, SLOT(slotPreferencesChanged())}.connect();
+        // Nothing that it switches is switched here.
+        const QSignalBlocker quiet(button);
         button->setChecked(on);
-        // The bridge may have opened a box about its ports, and events let a newer mode begin.
-        if (!flow.isAlive())
-            return;
         button->setText(onOrOff(on));
-    }
+        return on;
+    };
+    showSwitch(updatesKey, QStringLiteral("auto_check_for_updates"), true);
+    showSwitch(viewLinkingKey, viewLinkingKey, false);
+    const bool bridged = showSwitch(huiKey, huiKey, false);
     slotEnableViewChanging(isViewLinkingStored());
     const ReceivePresetDialogForm& receive = transfer->receiveForm();
     receive.rememberReceiveDecision->setChecked(preference(rememberKey, false).toBool());
@@ -155,8 +150,14 @@ void FullPowerView::slotSetPreferences()
     (toNew ? receive.toNew : receive.toSetlistSlot)->setChecked(true);
     // The drawer stands open at first, whatever is stored, and the first click closes it.
     preference(drawerKey, false);
-    const QSignalBlocker quiet(form.showPreset);
-    form.showPreset->setChecked(true);
+    {
+        const QSignalBlocker quiet(form.showPreset);
+        form.showPreset->setChecked(true);
+    }
+    // Last: a failure opens a box, and under it events may let a newer mode begin. It puts button,
+    // text and key right by itself.
+    if (bridged && !mode.demoModeEnabled)
+        sysexManager->slotEnableHuiPort(true);
 }
 
 void FullPowerView::slotPreferencesChanged()

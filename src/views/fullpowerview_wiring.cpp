@@ -33,6 +33,19 @@ void FullPowerView::slotDisconnectInterfaces()
         wire.disconnect();
 }
 
+// Of the settings dialog, whose form is laid after the view was made.
+void FullPowerView::connectFlashButton(bool connected)
+{
+    auto* button = settingsDialog->findChild<QPushButton*>(QStringLiteral("globalSendButton"));
+    if (button == nullptr)
+        return;
+    const Wire wire{button, SIGNAL(clicked()), sysexManager, SLOT(slotSaveGlobalParamsToFlash())};
+    if (connected)
+        wire.connect();
+    else
+        wire.disconnect();
+}
+
 void FullPowerView::makeInterfaceWires()
 {
     interfaceWires = pageWires->all();
@@ -66,13 +79,13 @@ void FullPowerView::addPageWires()
         {mains, SIGNAL(signal_reverb_level(int)), reverbTabForm, SLOT(slot_reverb_level(int))},
         phantomWire(),
         {channelStripTab, SIGNAL(signalSendGlobalParameter(QString, int)), this,
-         SLOT(slotStorePhantom(QString, int))},
+         SLOT(slotPhantomPressed(QString, int))},
         {this, SIGNAL(signalStoreGlobal(QString, QVariant)), globalPresetInterface,
          SLOT(slotStoreGlobal(QString, QVariant))},
         {globalPresetInterface, SIGNAL(signalRecallGlobal(QVariantMap)), this,
          SLOT(slotShowGlobals(QVariantMap))},
         {sysexManager, SIGNAL(signalReceiveMainwindowGlobalParams(QString, int)), this,
-         SLOT(slotReceiveGlobalParams(QString, int))},
+         SLOT(slotShowGlobal(QString, int))},
         {channelStripTab, SIGNAL(signalSetPhantom(int, int)), this, SLOT(slotSetPhantom(int, int))},
     };
 }

@@ -52,8 +52,7 @@ void MainForm::setupUi(QWidget* window)
 void AboutDialogForm::setupUi(QWidget* dialog)
 {
     setupDialog(dialog, "aboutDialogForm", QStringLiteral("About J-Sum Editor"));
-    QLabel* editor = addNamedValue(dialog, "editorVersion", QStringLiteral("Editor version"), 44);
-    editor->setText(QCoreApplication::applicationVersion());
+    editorVersion = addNamedValue(dialog, "editorVersion", QStringLiteral("Editor version"), 44);
     portName = addNamedValue(dialog, "portName", QStringLiteral("Connected to"), 65);
     portName->setText(QStringLiteral("not connected"));
     fw_found = addNamedValue(dialog, "fw_found", QStringLiteral("Firmware found"), 86);

@@ -29,6 +29,7 @@ struct MainForm {
 
 struct AboutDialogForm {
     QLabel* portName = nullptr;
+    QLabel* editorVersion = nullptr;
     QLabel* fw_found = nullptr;
     QLabel* expected = nullptr;
     QPushButton* ok = nullptr;

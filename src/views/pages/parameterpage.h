@@ -14,6 +14,9 @@ class ParameterPage : public ControlPage
 {
     Q_OBJECT
 
+public:
+    bool isSending() const { return sending; }
+
 public slots:
     // The store wire. Connecting what is connected changes nothing.
     void slotConnectElements();
@@ -58,7 +61,6 @@ protected:
     Wire storeWire(const Control& control);
     Wire sendWire(const Control& control);
     bool isStoring() const { return storing; }
-    bool isSending() const { return sending; }
 
 private:
     const QString prefix;

@@ -7,8 +7,10 @@
 #include "selectalldoublespinbox.h"
 #include "selectallspinbox.h"
 
+#include <QComboBox>
 #include <QFrame>
 #include <QLabel>
+#include <QRadioButton>
 #include <QToolButton>
 
 namespace
@@ -66,6 +68,14 @@ void setTravel(QAbstractSlider* slider, const ControlRow& row)
         slider->setSingleStep(200);
         slider->setPageStep(400);
     }
+}
+
+void layBox(QAbstractSpinBox* number, const QRect& place)
+{
+    number->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    number->setAlignment(Qt::AlignCenter);
+    number->setFrame(false);
+    number->setGeometry(place);
 }
 
 QAbstractSpinBox* makeFrequencyBox(QWidget* parent, const ControlRow& row)
@@ -202,11 +212,66 @@ QAbstractSpinBox* FormBuilder::box(QWidget* parent, const ControlRow& row, const
     }
     dress(number, row.name + QStringLiteral("_level"),
           accessible(row.spoken + QStringLiteral(", number")), row.toolTip);
-    number->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    number->setAlignment(Qt::AlignCenter);
-    number->setFrame(false);
-    number->setGeometry(place);
+    layBox(number, place);
     return number;
+}
+
+QLabel* FormBuilder::lineLabel(QWidget* parent, const QString& text, const QRect& place)
+{
+    QLabel* words = label(parent, text, place, "caption");
+    words->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return words;
+}
+
+QAbstractSpinBox* FormBuilder::numberBox(QWidget* parent, const ControlRow& row, const QRect& place)
+{
+    QAbstractSpinBox* number = makeWholeBox(parent, row);
+    dress(number, row.name, accessible(row.spoken), row.toolTip);
+    layBox(number, place);
+    return number;
+}
+
+QAbstractSpinBox* FormBuilder::number(QWidget* parent, const ControlRow& row, const QRect& place)
+{
+    constexpr int width = 62;
+    lineLabel(parent, row.caption, place.adjusted(0, 0, -width, 0));
+    return numberBox(parent, row, {place.right() + 1 - width, place.y(), width, place.height()});
+}
+
+QComboBox* FormBuilder::menu(QWidget* parent, const ControlRow& row, const QStringList& entries,
+                             const QRect& place)
+{
+    constexpr int width = 78;
+    lineLabel(parent, row.caption, place.adjusted(0, 0, -width, 0));
+    auto* list = new QComboBox(parent);
+    list->addItems(entries);
+    list->setCurrentIndex(-1);
+    dress(list, row.name, accessible(row.spoken), row.toolTip);
+    list->setGeometry(place.right() + 1 - width, place.y(), width, place.height());
+    return list;
+}
+
+void FormBuilder::choice(QWidget* parent, const ChoiceRow& row, const QRect& place)
+{
+    auto* part = new QWidget(parent);
+    dress(part, row.name, accessible(row.spoken), row.toolTip);
+    part->setGeometry(place);
+    // As their texts need it; the mark in front takes as much as some letters.
+    constexpr qsizetype markLetters = 5;
+    qsizetype letters = 0;
+    for (const ChoiceRow::Button& button : row.buttons)
+        letters += button.caption.size() + markLetters;
+    int left = 0;
+    for (const ChoiceRow::Button& button : row.buttons) {
+        auto* radio = new QRadioButton(button.caption, part);
+        dress(radio, button.name,
+              accessible(QStringLiteral("%1 %2").arg(row.spoken, button.caption.trimmed())),
+              row.toolTip);
+        const auto width =
+            static_cast<int>((button.caption.size() + markLetters) * place.width() / letters);
+        radio->setGeometry(left, 0, width, place.height());
+        left += width;
+    }
 }
 
 QToolButton* FormBuilder::button(QWidget* parent, const ButtonRow& row, const QRect& place)

@@ -8,6 +8,7 @@
 
 class NoWrapDial;
 class QAbstractSpinBox;
+class QComboBox;
 class QFrame;
 class QLabel;
 class QToolButton;
@@ -39,6 +40,16 @@ public:
     QToolButton* button(QWidget* parent, const ButtonRow& row, const QRect& place);
     // A lamp that is lit while the part is bypassed, its label at the left. place: of both.
     QToolButton* bypass(QWidget* parent, const ButtonRow& row, const QRect& place);
+    // A line of a panel: the caption at the left, the control at the right. A number box that
+    // stands alone, a menu, and radio buttons side by side, without their caption; the parameter's
+    // entry is the place of the text.
+    QLabel* lineLabel(QWidget* parent, const QString& text, const QRect& place);
+    QAbstractSpinBox* number(QWidget* parent, const ControlRow& row, const QRect& place);
+    QComboBox* menu(QWidget* parent, const ControlRow& row, const QStringList& entries,
+                    const QRect& place);
+    void choice(QWidget* parent, const ChoiceRow& row, const QRect& place);
+    // A number box without a caption beside it.
+    QAbstractSpinBox* numberBox(QWidget* parent, const ControlRow& row, const QRect& place);
     // For a control that stands elsewhere than under its dial.
     QToolButton* resetButton(QWidget* parent, const ControlRow& row, const QPoint& middle);
 

@@ -1,0 +1,378 @@
+#include "fakeports.h"
+#include "fullpowerview.h"
+#include "globalpresetinterface.h"
+#include "sysexmanager.h"
+#include "testcase.h"
+#include "viewmanager.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QToolButton>
+
+#include <map>
+
+class TestSettings : public TestCase
+{
+    Q_OBJECT
+
+    const QStringList all{"J-Sum Audio Control", "J-Sum Control Surface", "loopMIDI Port",
+                          "loopMIDI Port 1"};
+    std::unique_ptr<QTemporaryDir> folder;
+    QString startFolder = QDir::currentPath();
+    FakePorts* ports = nullptr;
+    std::unique_ptr<ViewManager> window;
+
+    void prepare() override
+    {
+        folder = std::make_unique<QTemporaryDir>();
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder->path());
+        QDir::setCurrent(folder->path());
+        QDir().mkpath("resources/presets");
+        for (const QString name : {"tables", "presets/Blank.jsumglobalmap", "presets/jsum.json"})
+            QFile::link(JSUM_SOURCE_DIR "/resources/" + name, "resources/" + name);
+        QFile::copy(JSUM_SOURCE_DIR "/resources/presets/global.json",
+                    "resources/presets/global.json");
+        auto fake = std::make_unique<FakePorts>();
+        ports = fake.get();
+        window = std::make_unique<ViewManager>(std::move(fake));
+        window->show();
+    }
+
+    void hear(const char* hex)
+    {
+        const QByteArray bytes = QByteArray::fromHex("f000015f23" + QByteArray(hex) + "f7");
+        window->sysex()->slotReceiveMidiInput("J-Sum Audio Control",
+                                              MidiMessage(bytes.constData(), int(bytes.size())));
+    }
+    void plug()
+    {
+        ports->plug(all);
+        window->sysex()->midi()->slot_PollDevices();
+        window->sysex()->slotDidAttemptFwUpdate();
+        hear("00000000010a03");
+    }
+    // Up to the end of the sync.
+    void start()
+    {
+        plug();
+        hear("0a0c0101");
+        sent();
+    }
+    // Global parameters, as they stand on the wire behind the type.
+    QStringList sent()
+    {
+        QStringList messages;
+        for (const QByteArray& bytes : ports->sentBytes())
+            if (bytes.size() > 5 && bytes.at(5) == 3)
+                messages << bytes.mid(5, 7).toHex();
+        ports->sent.clear();
+        return messages;
+    }
+    QVariantMap stored() const { return window->globals()->document().value("Global").toMap(); }
+    template <class Widget> Widget* at(const QString& name) const
+    {
+        return window->findChild<QWidget*>("settingsDialogForm")->findChild<Widget*>(name);
+    }
+    QToolButton* strip(int channel) const
+    {
+        return window->findChild<QWidget*>(QString("channelstrip_ch%1").arg(channel))
+            ->findChild<QToolButton*>("phantom");
+    }
+    QAction* action(const QString& text) const
+    {
+        for (QAction* candidate : window->findChildren<QAction*>())
+            if (candidate->text() == text)
+                return candidate;
+        return nullptr;
+    }
+    QString boxText() const
+    {
+        const auto* box = window->findChild<QMessageBox*>();
+        return box != nullptr ? box->text() + box->informativeText() : QString();
+    }
+    void closeBoxes() const
+    {
+        for (QMessageBox* box : window->findChildren<QMessageBox*>())
+            delete box;
+    }
+    // What the button and the strip of a channel show, and the file's map holds.
+    QString phantom(int channel) const
+    {
+        const QString key = QString("ch%1_phantom").arg(channel);
+        const auto* button = at<QToolButton>(key);
+        return QString("%1%2%3 %4 %5")
+            .arg(button->isChecked())
+            .arg(strip(channel)->isChecked())
+            .arg(stored().value(key).toInt())
+            .arg(button->text(), strip(channel)->text());
+    }
+
+private slots:
+    void cleanup()
+    {
+        window.reset();
+        QDir::setCurrent(startFolder);
+    }
+
+    // What is moved, what goes out, and what is stored; the same heard back is shown and not sent.
+    void eachControlBothWays_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("value");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("text");
+        const struct {
+            const char* name;
+            int value;
+            const char* message;
+            const char* key;
+            const char* text;
+        } rows[]{
+            {"ch3_line_phono", 0, "03060300270000", "ch3_line_phono", "Ch #3 Phono"},
+            {"ch8_line_phono", 0, "03060800270000", "ch8_line_phono", "Ch #8 Phono"},
+            {"hardware_limiter", 1, "03060000340001", "hardware_limiter", "ON"},
+            {"mode_backlighting_enable", 0, "03060000350000", "mode_backlighting_enable", "OFF"},
+            {"tone_gen_enable", 1, "03060000370001", "tone_gen_enable", "ON"},
+            {"pass_thru_width", 1, "030600003c0001", "pass_thru_width", "ON"},
+            {"pass_thru_rotaries", 1, "03060000440001", "pass_thru_rotaries", "ON"},
+            {"expander_control", 1, "03060000450001", "expander_control", "ON"},
+            {"phantom_voltage_12", 0, "030600003f0000", "phantom_voltage", " +12V"},
+            {"phones_impedance_2", 2, "03060d00420002", "phones_impedance", "HIGH"},
+            {"led_brightness", 31, "0306000036001f", "led_brightness", "31"},
+            {"tone_gen_freq", 16000, "03060000387d00", "tone_gen_freq", "16000 Hz"},
+        };
+        for (const auto& row : rows)
+            QTest::newRow(row.name)
+                << row.name << row.value << QString(row.message).remove(' ') << row.key << row.text;
+    }
+    void eachControlBothWays()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, value);
+        QFETCH(QString, message);
+        QFETCH(QString, key);
+        QFETCH(QString, text);
+        start();
+        QSignalSpy stores(window.get(), SIGNAL(signalStoreGlobal(QString, QVariant)));
+        auto* box = at<QSpinBox>(name);
+        if (box != nullptr)
+            box->setValue(value);
+        else
+            at<QAbstractButton>(name)->click();
+        QCOMPARE(sent(), QStringList(message));
+        QCOMPARE(stores.size(), 1);
+        QCOMPARE(stores.first().at(0).toString(), key);
+        QCOMPARE(stored().value(key), QVariant(value));
+        QCOMPARE(box != nullptr ? box->text() : at<QAbstractButton>(name)->text(), text);
+        // A recall of the factory's, silently; then the mixer says it.
+        window->slotRecallGlobal({});
+        QCOMPARE(stores.size(), 1);
+        hear(message.toLatin1().constData());
+        QCOMPARE(box != nullptr ? box->text() : at<QAbstractButton>(name)->text(), text);
+        QVERIFY(box != nullptr ? box->value() == value
+                               : at<QAbstractButton>(name)->isChecked() == (value != 0)
+                        || name.endsWith("_12"));
+        QCOMPARE(stores.size(), 2);
+        QCOMPARE(sent(), QStringList());
+        QVERIFY(window->globals()->globalSaveTimer->isActive());
+    }
+
+    // One value, two buttons, four sides.
+    void phantomPowerOnBothButtons()
+    {
+        start();
+        at<QToolButton>("ch1_phantom")->click();
+        QCOMPARE(phantom(1), "111 ON 48v");
+        QCOMPARE(sent(), QStringList("030601003e0001"));
+        strip(1)->click();
+        QCOMPARE(phantom(1), "000 OFF 48v");
+        QCOMPARE(sent(), QStringList("030601003e0000"));
+        strip(2)->click();
+        QCOMPARE(phantom(2), "111 ON 48v");
+        QCOMPARE(sent(), QStringList("030602003e0001"));
+        // The press that follows counts.
+        at<QToolButton>("ch2_phantom")->click();
+        QCOMPARE(phantom(2), "000 OFF 48v");
+        QCOMPARE(sent(), QStringList("030602003e0000"));
+        hear("030602003e0001");
+        QCOMPARE(phantom(2), "111 ON 48v");
+        at<QRadioButton>("phantom_voltage_12")->click();
+        QCOMPARE(phantom(2), "111 ON 12v");
+        QCOMPARE(sent(), QStringList("030600003f0000"));
+        hear("030600003f0001");
+        QCOMPARE(phantom(1), "000 OFF 48v");
+        hear("030600003f0005"); // there is no such voltage
+        QCOMPARE(stored().value("phantom_voltage"), QVariant(1));
+        window->slotRecallGlobal({{"ch1_phantom", 1}});
+        QVERIFY(at<QToolButton>("ch1_phantom")->isChecked());
+        QCOMPARE(sent(), QStringList());
+        // Of channels that are selected together the press on a strip moves both, a press here one.
+        window->globals()->slotRecallGlobal();
+        QTest::mouseClick(window->findChild<QWidget*>("faderframe_ch2_select"), Qt::LeftButton,
+                          Qt::ShiftModifier);
+        at<QToolButton>("ch2_phantom")->click();
+        QCOMPARE(sent(), QStringList("030602003e0000"));
+        QCOMPARE(phantom(1) + phantom(2), "000 OFF 48v000 OFF 48v");
+        strip(2)->click();
+        QCOMPARE(phantom(1) + phantom(2), "111 ON 48v111 ON 48v");
+        QCOMPARE(sent().size(), 2);
+    }
+
+    void nothingIsSentBeforeTheSync()
+    {
+        plug();
+        sent();
+        QVERIFY(!at<QToolButton>("hardware_limiter")->isEnabled());
+        QVERIFY(!at<QPushButton>("globalSendButton")->isEnabled());
+        at<QToolButton>("hardware_limiter")->click();
+        action("Reset Globals to Default")->trigger();
+        QCOMPARE(sent(), QStringList());
+        hear("0a0c0101");
+        const QStringList globals = sent();
+        QCOMPARE(globals.size(), 208);
+        QCOMPARE(globals.first(), "030600003f0001");
+        ports->sent.clear();
+        at<QPushButton>("globalSendButton")->click();
+        QCOMPARE(ports->sentBytes().size(), 1);
+    }
+
+    // And what was there is kept in a file.
+    void aClearReachesTheMixer()
+    {
+        start();
+        at<QSpinBox>("led_brightness")->setValue(3);
+        sent();
+        QSettings().setValue("view_linking_enable", true);
+        action("Reset Globals to Default")->trigger();
+        QCOMPARE(at<QSpinBox>("led_brightness")->value(), 16);
+        QCOMPARE(sent().size(), 208);
+        QTRY_VERIFY(!boxText().isEmpty());
+        QVERIFY(QFile::exists("resources/presets/backups/before-import.jsumglobalmap"));
+        closeBoxes();
+    }
+
+    // Free in a demo, and as it is stored afterwards.
+    void demo()
+    {
+        QSettings().setValue("hui", true);
+        window->slotEnterDemoMode();
+        window->findChild<QWidget*>("demoDialogForm")->findChild<QPushButton*>("ok")->click();
+        QVERIFY(at<QToolButton>("hardware_limiter")->isEnabled());
+        at<QToolButton>("hardware_limiter")->click();
+        QCOMPARE(at<QToolButton>("hardware_limiter")->text(), "ON");
+        QVERIFY(at<QToolButton>("hui")->isChecked() && !at<QToolButton>("hui")->isEnabled());
+        QVERIFY(QSettings().value("hui").toBool());
+        plug();
+        QCOMPARE(at<QToolButton>("hardware_limiter")->text(), "OFF");
+    }
+
+    void usbAudio()
+    {
+        QFile tool("resources/dfucons.exe");
+        QVERIFY(tool.open(QIODevice::WriteOnly));
+        tool.write("#!/bin/sh\n"
+                   "echo \"$@\" >> calls\n"
+                   "case $1 in getaudiosettings)\n"
+                   "printf 'Current SampleRate: 96000\\r\\nMinimum BufferSize: 300\\r\\n';;\n"
+                   "setbuffersize) exit 3;; esac\n");
+        tool.close();
+        tool.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const auto* rate = at<QComboBox>("usb_sample_rate");
+        QCOMPARE(rate->currentIndex(), -1);
+        start();
+        action("Preferences...")->trigger();
+        QTRY_COMPARE(rate->currentText(), "96000");
+        QTRY_COMPARE(at<QComboBox>("usb_buffer")->currentText(), "300");
+        at<QComboBox>("usb_sample_rate")->setCurrentText("44100");
+        QTRY_COMPARE(rate->currentText(), "96000"); // as the driver says
+        at<QComboBox>("usb_buffer")->setCurrentText("64");
+        QTRY_COMPARE(boxText(), "The USB audio tool failed (3).");
+        QTRY_COMPARE(at<QComboBox>("usb_buffer")->currentText(), "300");
+        QCOMPARE(sent(), QStringList());
+        QVERIFY(!stored().contains("usb_buffer"));
+        QFile calls("calls");
+        QVERIFY(calls.open(QIODevice::ReadOnly));
+        QCOMPARE(calls.readAll().trimmed().split('\n'),
+                 QList<QByteArray>({"getaudiosettings", "setsamplerate 44100", "getaudiosettings",
+                                    "setbuffersize 64", "getaudiosettings"}));
+        closeBoxes();
+    }
+
+    // What can be used on each face.
+    void menuEntries_data()
+    {
+        QTest::addColumn<QString>("face");
+        QTest::addColumn<QStringList>("off");
+        const QStringList edit{
+            "Copy Preset",   "Paste Preset",          "Paste Preset to New",    "Copy Channel",
+            "Paste Channel", "Auto Populate Setlist", "Reset Preset to Default"};
+        const QStringList needsMode{"Import Preset", "Import Global Mappings", "Preferences..."};
+        const QStringList paste{"Paste Preset", "Paste Preset to New", "Paste Channel"};
+        QTest::newRow("alone") << ""
+                               << edit + needsMode
+                + QStringList{"Reset Globals to Default", "Force Firmware Update"};
+        QTest::newRow("connected") << "ports" << edit + needsMode;
+        QTest::newRow("full power") << "mode" << paste;
+        QTest::newRow("demo") << "demo"
+                              << paste
+                + QStringList{"Reset Globals to Default", "Force Firmware Update"};
+        QTest::newRow("low power")
+            << "low" << edit + QStringList{"Import Preset", "Import Global Mappings"};
+    }
+    void menuEntries()
+    {
+        QFETCH(QString, face);
+        QFETCH(QStringList, off);
+        if (face == "demo") {
+            window->slotEnterDemoMode();
+            window->findChild<QWidget*>("demoDialogForm")->findChild<QPushButton*>("ok")->click();
+        } else if (face == "mode") {
+            start();
+        } else if (!face.isEmpty()) {
+            ports->plug(all);
+            window->sysex()->midi()->slot_PollDevices();
+            if (face == "low")
+                window->slotInitLowPowerView();
+        }
+        for (const char* text :
+             {"Copy Preset", "Paste Preset", "Paste Preset to New", "Copy Channel", "Paste Channel",
+              "Auto Populate Setlist", "Reset Preset to Default", "Reset Globals to Default",
+              "Force Firmware Update", "Import Preset", "Import Global Mappings", "Preferences...",
+              "Export All Presets", "Export Global Mappings", "About JSum Editor",
+              "Documentation...", "Check for Updates..."})
+            QVERIFY2(action(text)->isEnabled() != off.contains(text), text);
+    }
+
+    // One click, one box, however often the mode was entered; and a failed port switches it off.
+    void hui()
+    {
+        start();
+        ports->unplug();
+        window->sysex()->midi()->slot_PollDevices();
+        start();
+        auto* hui = at<QToolButton>("hui");
+        at<QToolButton>("huiHelp")->click();
+        QCOMPARE(window->findChildren<QMessageBox*>().size(), 1);
+        QVERIFY(boxText().contains("'loopMIDI Port' as your HUI Input"));
+        closeBoxes();
+        QSettings().setValue("hui", true);
+        window->slotHUIPortButton(false);
+        QCOMPARE(hui->text(), "OFF");
+        QVERIFY(!QSettings().value("hui").toBool());
+        window->slotHUIPortButton(true);
+        QCOMPARE(hui->text() + QVariant(hui->isChecked()).toString(), "ONtrue");
+    }
+};
+
+QTEST_MAIN(TestSettings)
+#include "tst_settings.moc"
