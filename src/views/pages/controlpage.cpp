@@ -1,6 +1,7 @@
 #include "controlpage.h"
 
 #include "choicegroup.h"
+#include "editedbox.h"
 #include "freqspinbox.h"
 #include "nowrapdial.h"
 #include "selectallspinbox.h"
@@ -260,7 +261,7 @@ void ControlPage::resetFocus()
 {
     const QList<QWidget*> widgets = findChildren<QWidget*>();
     for (QWidget* widget : widgets)
-        if (widget->hasFocus())
+        if (widget->hasFocus() && !keepsFocusOnGround(widget))
             widget->clearFocus();
 }
 

@@ -91,7 +91,7 @@ protected:
     // What a page shows of a control's state beside the row's texts and the reset buttons.
     virtual void showOwnState(const Control& /*control*/) { }
 
-    // A press on this widget takes the focus from all of the page's widgets.
+    // A press on this widget takes the focus from all of the page's widgets but a rotary.
     void clearFocusOnPress(QWidget* area);
 
     // The slots that link a control and its box, by which a page may call them otherwise.

@@ -1,7 +1,5 @@
 #include "globaltab.h"
 
-#include "stripparts.h"
-
 #include <QPushButton>
 
 GlobalTab::GlobalTab(QWidget* parent, const QString& spokenName, GlobalPresetInterface* globals)
@@ -15,6 +13,8 @@ void GlobalTab::adoptTab(const QList<ControlRow>& numbers, const QList<ButtonRow
                          const QList<ChoiceRow>& choices, const QList<QWidget*>& areas)
 {
     adoptForm(numbers, buttons, choices);
+    recall({});
+    slotDisconnectElements();
     clearFocusOnPress(hostWidget());
     for (QWidget* area : areas)
         clearFocusOnPress(area);

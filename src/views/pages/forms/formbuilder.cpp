@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QLabel>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
 
@@ -104,6 +105,7 @@ QAbstractSpinBox* makeWholeBox(QWidget* parent, const ControlRow& row)
     auto* box = new SelectAllSpinbox(parent);
     box->setRange(row.parameter->lowest, row.parameter->highest);
     box->setSuffix(row.suffix);
+    box->setSpecialValueText(row.lowestText);
     return box;
 }
 
@@ -253,6 +255,17 @@ QComboBox* FormBuilder::menu(QWidget* parent, const ControlRow& row, const QStri
 
 void FormBuilder::choice(QWidget* parent, const ChoiceRow& row, const QRect& place)
 {
+    layChoice<QRadioButton>(parent, row, place);
+}
+
+void FormBuilder::keys(QWidget* parent, const ChoiceRow& row, const QRect& place)
+{
+    layChoice<QPushButton>(parent, row, place)->setProperty("role", "keys");
+}
+
+template <class Button>
+QWidget* FormBuilder::layChoice(QWidget* parent, const ChoiceRow& row, const QRect& place)
+{
     auto* part = new QWidget(parent);
     dress(part, row.name, accessible(row.spoken), row.toolTip);
     part->setGeometry(place);
@@ -263,15 +276,17 @@ void FormBuilder::choice(QWidget* parent, const ChoiceRow& row, const QRect& pla
         letters += button.caption.size() + markLetters;
     int left = 0;
     for (const ChoiceRow::Button& button : row.buttons) {
-        auto* radio = new QRadioButton(button.caption, part);
-        dress(radio, button.name,
+        auto* key = new Button(button.caption, part);
+        key->setCheckable(true);
+        dress(key, button.name,
               accessible(QStringLiteral("%1 %2").arg(row.spoken, button.caption.trimmed())),
               row.toolTip);
         const auto width =
             static_cast<int>((button.caption.size() + markLetters) * place.width() / letters);
-        radio->setGeometry(left, 0, width, place.height());
+        key->setGeometry(left, 0, width, place.height());
         left += width;
     }
+    return part;
 }
 
 QToolButton* FormBuilder::button(QWidget* parent, const ButtonRow& row, const QRect& place)

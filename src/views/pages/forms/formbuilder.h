@@ -22,6 +22,9 @@ public:
     // spokenPage begins every accessible name, as "Channel 3".
     FormBuilder(QWidget* form, const QString& spokenPage);
 
+    // The name that a screen reader says.
+    QString accessible(const QString& spoken) const;
+
     // A panel with a quiet frame, its title at the top left.
     QFrame* group(const char* name, const QString& title, const QRect& place);
     // A part of a panel, without a frame.
@@ -48,14 +51,17 @@ public:
     QComboBox* menu(QWidget* parent, const ControlRow& row, const QStringList& entries,
                     const QRect& place);
     void choice(QWidget* parent, const ChoiceRow& row, const QRect& place);
+    // The same with keys in one piece, of which the chosen one is lit.
+    void keys(QWidget* parent, const ChoiceRow& row, const QRect& place);
     // A number box without a caption beside it.
     QAbstractSpinBox* numberBox(QWidget* parent, const ControlRow& row, const QRect& place);
     // For a control that stands elsewhere than under its dial.
     QToolButton* resetButton(QWidget* parent, const ControlRow& row, const QPoint& middle);
 
 private:
+    template <class Button>
+    QWidget* layChoice(QWidget* parent, const ChoiceRow& row, const QRect& place);
     QAbstractSpinBox* box(QWidget* parent, const ControlRow& row, const QRect& place);
-    QString accessible(const QString& spoken) const;
 
     QWidget* const form;
     const QString page;
