@@ -112,7 +112,7 @@ void SurroundPuck::focusOutEvent(QFocusEvent* event)
 
 void SurroundPuck::paintEvent(QPaintEvent* /*event*/)
 {
-    constexpr QColor textColor(242, 242, 242);
+    constexpr QColor numberColor(242, 242, 242);
     const QRectF disc = QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5);
 
     QPainter painter(this);
@@ -121,13 +121,13 @@ void SurroundPuck::paintEvent(QPaintEvent* /*event*/)
     painter.setBrush(fillColor());
     painter.drawEllipse(disc);
     if (hasFocus()) {
-        painter.setPen(QPen(textColor, 2));
+        painter.setPen(QPen(numberColor, 2));
         painter.drawEllipse(disc.adjusted(1, 1, -1, -1));
     }
     QFont bold = font();
     bold.setWeight(QFont::DemiBold);
     bold.setPixelSize(15);
     painter.setFont(bold);
-    painter.setPen(textColor);
+    painter.setPen(numberColor);
     painter.drawText(rect(), Qt::AlignCenter, QString::number(number));
 }

@@ -55,7 +55,7 @@ QPainterPath speakerPath()
     return path;
 }
 
-void write(QPainter& painter, const QPointF& middle, const QString& text)
+void writeAt(QPainter& painter, const QPointF& middle, const QString& text)
 {
     QRectF place(0, 0, 120, 16);
     place.moveCenter(middle);
@@ -163,7 +163,7 @@ void SurroundRoom::paintSpeakers(QPainter& painter) const
         // Beside the loudspeaker a name takes more room than above it.
         const double aside = std::abs(std::sin(qDegreesToRadians(double(speaker.angle))))
             * painter.fontMetrics().horizontalAdvance(name) / 3;
-        write(painter, pointAt(wall() + toName + aside, speaker.angle), name);
+        writeAt(painter, pointAt(wall() + toName + aside, speaker.angle), name);
     }
 }
 
@@ -203,5 +203,5 @@ void SurroundRoom::paintStack(QPainter& painter, const QList<SurroundPuck*>& sta
     painter.setBrush(colors.floor);
     painter.drawRoundedRect(plate, 3, 3);
     painter.setPen(colors.text);
-    write(painter, plate.center(), text);
+    writeAt(painter, plate.center(), text);
 }

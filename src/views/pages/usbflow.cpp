@@ -9,7 +9,7 @@ namespace
 
 constexpr QColor groundColor(46, 46, 46);
 constexpr QColor wireColor(130, 130, 130);
-constexpr QColor textColor(200, 200, 200);
+constexpr QColor blockTextColor(200, 200, 200);
 constexpr QColor unusedColor(104, 104, 104);
 constexpr QColor usedColor(242, 242, 242);
 constexpr QColor disabledColor(150, 150, 150);
@@ -51,7 +51,7 @@ public:
         painter.setPen(QPen(wireColor, 1));
         painter.setBrush(groundColor);
         painter.drawRoundedRect(place, 4, 4);
-        painter.setPen(textColor);
+        painter.setPen(blockTextColor);
         painter.drawText(place, Qt::AlignCenter, text);
     }
 
@@ -62,7 +62,7 @@ public:
         painter.setPen(QPen(wireColor, 1));
         painter.setBrush(groundColor);
         painter.drawRoundedRect(place, 3, 3);
-        painter.setPen(textColor);
+        painter.setPen(blockTextColor);
         painter.drawText(place, Qt::AlignCenter, QStringLiteral("MIX"));
     }
 
