@@ -7,6 +7,7 @@
 #include "editedbox.h"
 #include "faderframe.h"
 #include "mainsstrip.h"
+#include "miditab.h"
 #include "pagestyle.h"
 #include "phonesstrip.h"
 #include "presetdrawer.h"
@@ -16,8 +17,10 @@
 #include "selectalldoublespinbox.h"
 #include "setlist.h"
 #include "slottransfer.h"
+#include "surroundtab.h"
 #include "tablefilereader.h"
 #include "tablelookup.h"
+#include "usbtab.h"
 
 #include <QDebug>
 #include <QPushButton>
@@ -66,9 +69,6 @@ FullPowerView::FullPowerView(bool resourcesInAppData, QString folder, SysexManag
     innerDialogs.setSheet(disableWidget);
 
     pageWires = std::make_unique<PageWires>(this, presetInterface, sysexManager, makePages());
-    // Their pages are still empty.
-    for (QPushButton* tab : {form.surroundTabButton, form.midiTabButton, form.usbTabButton})
-        tab->hide();
     form.channelStripTabButton->setChecked(true);
     makeRooms();
 
@@ -91,6 +91,9 @@ QList<PresetPage*> FullPowerView::makePages()
 {
     channelStripTab = new ChannelStripTab(form.channelStripTab);
     reverbTabForm = new ReverbTabForm(form.reverbTab);
+    surroundTabView = new SurroundTab(form.surroundTab, globalPresetInterface);
+    midiTabView = new MidiTab(form.midiTab, globalPresetInterface);
+    usbTabView = new UsbTab(form.usbTab, globalPresetInterface);
     faders = new FaderFrame(form.faderGroupBox, channelStripTab->selection());
     for (const char* own :
          {SIGNAL(signalStoreValue(QString, QVariant, int)), SIGNAL(signalCheckSavedState(int)),
@@ -102,6 +105,11 @@ QList<PresetPage*> FullPowerView::makePages()
         pages.append(strip);
     return pages << channelStripTab->mainsStrip() << channelStripTab->phonesStrip()
                  << reverbTabForm;
+}
+
+QList<GlobalTab*> FullPowerView::globalTabs() const
+{
+    return {surroundTabView, midiTabView, usbTabView};
 }
 
 void FullPowerView::makeRooms()

@@ -17,6 +17,8 @@ class ChannelStripTab;
 class CopyPasteHandler;
 class FaderFrame;
 class GlobalPresetInterface;
+class GlobalTab;
+class MidiTab;
 class PresetPage;
 class PresetDrawer;
 class PresetInterface;
@@ -29,7 +31,9 @@ class QToolButton;
 class ReverbTabForm;
 class Setlist;
 class SlotTransfer;
+class SurroundTab;
 class SysexManager;
+class UsbTab;
 
 // The full-power face: the pages of the channels and the reverb, the faders, the preset drawer with
 // the setlist, and what goes to and from the mixer's slots. ViewManager owns it and enters and
@@ -209,6 +213,7 @@ private slots:
 
 private:
     QList<PresetPage*> makePages();
+    QList<GlobalTab*> globalTabs() const;
     void makeRooms();
     QList<QWidget*> filteredWidgets() const;
     bool filterPress(QWidget* watched, const QMouseEvent* event);
@@ -217,6 +222,7 @@ private:
     void makeInterfaceWires();
     void connectFlashButton(bool connected);
     void addPageWires();
+    void addGlobalWires();
     void addPresetWires();
     void addDrawerWires();
     void addTransferWires();
@@ -229,6 +235,7 @@ private:
     int shownPreset(int presetNum) const;
     Wire phantomWire();
     void connectPhantom(bool connected);
+    void enableGlobals(bool enabled);
 
     // To the mixer, while its panel and the editor follow each other.
     bool isViewLinkingStored() const;
@@ -253,6 +260,9 @@ private:
     ChannelStripTab* channelStripTab = nullptr;
     ReverbTabForm* reverbTabForm = nullptr;
     FaderFrame* faders = nullptr;
+    SurroundTab* surroundTabView = nullptr;
+    MidiTab* midiTabView = nullptr;
+    UsbTab* usbTabView = nullptr;
     std::unique_ptr<PageWires> pageWires;
     QList<Wire> interfaceWires;
 

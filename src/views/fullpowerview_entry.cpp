@@ -6,12 +6,15 @@
 #include "faderframe.h"
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
+#include "miditab.h"
 #include "presetdrawer.h"
 #include "presetinterface.h"
 #include "progressbox.h"
 #include "setlist.h"
 #include "slottransfer.h"
+#include "surroundtab.h"
 #include "sysexmanager.h"
+#include "usbtab.h"
 
 #include <QAction>
 #include <QDebug>
@@ -43,9 +46,11 @@ bool FullPowerView::slotInitializeFullPowerMode()
     if (!mode.demoModeEnabled) {
         slotDisconnectToSysexPresetSending();
         emit signalDisconnectGlobalSysex();
+        for (GlobalTab* tab : globalTabs())
+            tab->slotDisconnectToSysexSending();
         pageWires->setStoreSending(false);
     }
-    connectPhantom(mode.demoModeEnabled);
+    enableGlobals(mode.demoModeEnabled);
     globalPresetInterface->slotRecallGlobal();
     drawer->select(0);
     if (!flow.isAlive())
@@ -56,6 +61,8 @@ bool FullPowerView::slotInitializeFullPowerMode()
         if (!flow.isAlive())
             return false;
         pageWires->setStoreSending(true);
+        for (GlobalTab* tab : globalTabs())
+            tab->slotConnectToSysexSending();
         mode.entry()->liveMemoryAsked = true;
         sysexManager->slotSendSinglePresetRequest(0, false);
     }
@@ -129,6 +136,14 @@ void FullPowerView::showAvailability()
         slotUpdatePasteAvailability();
 }
 
+// Their send wires are joined before the sync is complete, and nothing is to be touched till then.
+void FullPowerView::enableGlobals(bool enabled)
+{
+    connectPhantom(enabled);
+    for (GlobalTab* tab : globalTabs())
+        tab->setEnabled(enabled);
+}
+
 // Before the sync is complete a selection shows nothing, yet what the mixer then sends must move
 // controls that hold the preset's values, or nothing would be stored where they agree by chance.
 void FullPowerView::layPresetZero()
@@ -165,7 +180,7 @@ void FullPowerView::slotSyncOnConnectComplete()
     const bool isFirst = !std::exchange(entry->syncComplete, true);
     presetInterface->slotSetSyncStatus(true);
     slotConnectToSysexPresetSending();
-    connectPhantom(true);
+    enableGlobals(true);
     emit signalConnectGlobalSysex();
     if (!isFirst)
         return;

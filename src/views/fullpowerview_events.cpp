@@ -13,7 +13,8 @@ namespace
 
 bool isFader(const QString& name)
 {
-    return name.contains(QLatin1String("_fader")) && !name.contains(QLatin1String("_level"));
+    return name.startsWith(QLatin1String("faderframe_")) && name.contains(QLatin1String("_fader"))
+        && !name.contains(QLatin1String("_level"));
 }
 
 } // namespace
@@ -56,8 +57,10 @@ bool FullPowerView::filterPress(QWidget* watched, const QMouseEvent* event)
     }
     const bool withShift = event->modifiers().testFlag(Qt::ShiftModifier);
     if (event->button() == Qt::LeftButton) {
-        const bool isSelect = name.contains(QLatin1String("select"));
-        const bool isSolo = !isSelect && name.contains(QLatin1String("solo"));
+        // Other pages have controls of such names too.
+        const bool isOnFaders = name.startsWith(QLatin1String("faderframe_"));
+        const bool isSelect = isOnFaders && name.contains(QLatin1String("select"));
+        const bool isSolo = isOnFaders && !isSelect && name.contains(QLatin1String("solo"));
         // Other modifiers leave it as it is.
         if (withShift || event->modifiers() == Qt::NoModifier) {
             if (isSelect)
@@ -77,7 +80,7 @@ bool FullPowerView::filterPress(QWidget* watched, const QMouseEvent* event)
     if (isGround) {
         const auto children = findChildren<QWidget*>();
         for (QWidget* child : children)
-            if (child->hasFocus() && !child->objectName().contains(QLatin1String("rotary")))
+            if (child->hasFocus() && !keepsFocusOnGround(child))
                 child->clearFocus();
     }
     return false;

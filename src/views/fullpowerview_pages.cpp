@@ -108,8 +108,9 @@ void FullPowerView::slotSetAuxTabLocking(bool locked)
         selector->selectOnly(1);
         if (!wasOn)
             form.channelStripTabButton->setChecked(false);
-        // Also if view linking is off: it has always been so.
-        channelSelectWire().connect();
+        // Also if view linking is off: it has always been so. But not before the sync.
+        if (mode.isLive())
+            channelSelectWire().connect();
     }
     if (form.reverbTabButton->isChecked())
         form.surroundTabButton->setChecked(true);

@@ -8,6 +8,7 @@
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
 #include "mainsstrip.h"
+#include "miditab.h"
 #include "phonesstrip.h"
 #include "presetdrawer.h"
 #include "presetinterface.h"
@@ -15,7 +16,9 @@
 #include "reverbtabform.h"
 #include "setlist.h"
 #include "slottransfer.h"
+#include "surroundtab.h"
 #include "sysexmanager.h"
+#include "usbtab.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -50,6 +53,7 @@ void FullPowerView::makeInterfaceWires()
 {
     interfaceWires = pageWires->all();
     addPageWires();
+    addGlobalWires();
     addPresetWires();
     addDrawerWires();
     addTransferWires();
@@ -88,6 +92,36 @@ void FullPowerView::addPageWires()
          SLOT(slotShowGlobal(QString, int))},
         {channelStripTab, SIGNAL(signalSetPhantom(int, int)), this, SLOT(slotSetPhantom(int, int))},
     };
+}
+
+void FullPowerView::addGlobalWires()
+{
+    interfaceWires += {
+        {this, SIGNAL(signalReportMainWindowPos(int, int)), surroundTabView,
+         SIGNAL(signalReportMainWindowPos(int, int))},
+        {sysexManager, SIGNAL(signalReceiveMidiParams(QString, int)), midiTabView,
+         SLOT(slotReceiveMidiParams(QString, int))},
+        {sysexManager, SIGNAL(signalReceiveSurroundParams(QString, int)), surroundTabView,
+         SLOT(slotReceiveSurroundParams(QString, int))},
+        {sysexManager, SIGNAL(signalReceiveUSBParams(QString, int)), usbTabView,
+         SLOT(slotReceiveUSBParams(QString, int))},
+    };
+    for (GlobalTab* tab : globalTabs())
+        interfaceWires += {
+            {tab, SIGNAL(signalGlobalSendClicked()), sysexManager,
+             SLOT(slotSaveGlobalParamsToFlash())},
+            {globalPresetInterface, SIGNAL(signalRecallGlobal(QVariantMap)), tab,
+             SLOT(slotRecallGlobal(QVariantMap))},
+            {tab, SIGNAL(signalStoreGlobal(QString, QVariant)), globalPresetInterface,
+             SLOT(slotStoreGlobal(QString, QVariant))},
+            {tab, SIGNAL(signalSendParameter(QString, int)), sysexManager,
+             SLOT(slotSendGlobalParameters(QString, int))},
+        };
+    const char* enabled = SIGNAL(signalSurroundEnabled(bool));
+    const char* lock = SLOT(slotSetAuxTabLocking(bool));
+    interfaceWires.append({surroundTabView, enabled, this, lock});
+    for (ChannelStrip* strip : channelStripTab->channelStrips())
+        interfaceWires.append({surroundTabView, enabled, strip, lock});
 }
 
 void FullPowerView::addPresetWires()
