@@ -13,9 +13,7 @@ bool mayGoOnWithoutSaving()
         QStringLiteral("Two editors that save would undo each other's work. You can go on here, "
                        "but no preset, setlist or global setting will be saved, not even after the "
                        "other editor has ended."));
-    box.setProperty("panel", QStringLiteral("dialog"));
-    box.setStyleSheet(dialogStyleSheet()
-                      + QStringLiteral("QMessageBox QPushButton { padding: 6px 20px; }"));
+    box.setStyleSheet(dialogStyleSheet());
     const auto* goOn =
         box.addButton(QStringLiteral("Go On Without Saving"), QMessageBox::AcceptRole);
     QPushButton* quit = box.addButton(QStringLiteral("Quit"), QMessageBox::RejectRole);

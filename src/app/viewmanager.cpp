@@ -232,7 +232,7 @@ void ViewManager::slotConnectInterfaces()
     connect(sysexManager, SIGNAL(signalHUIPortButton(bool)), this, SLOT(slotHUIPortButton(bool)));
     connect(this, SIGNAL(signalAppClosing()), sysexManager, SLOT(slotSendSysexCommEndMessage()));
     connect(this, SIGNAL(signalAppClosing()), fullPowerView, SLOT(slotAppClosing()));
-    connect(aboutDialogForm.ok, SIGNAL(clicked()), &innerDialogs, SLOT(slotCloseDialog()));
+    innerDialogs.closeBy(aboutDialogForm.ok);
 }
 
 bool ViewManager::eventFilter(QObject* watched, QEvent* event)

@@ -80,7 +80,7 @@ void ViewManager::connectFirmwareDialogs()
     for (QPushButton* button :
          {fwOutOfDateDialogForm.cancel, fwOutOfDateDialogForm.update, fwForceDialogForm.cancel,
           fwForceDialogForm.update, fwErrorDialogForm.cancel, fwErrorDialogForm.update})
-        connect(button, SIGNAL(clicked()), &innerDialogs, SLOT(slotCloseDialog()));
+        innerDialogs.closeBy(button);
     const struct {
         QObject* sender;
         const char* signal;

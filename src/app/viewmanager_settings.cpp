@@ -25,7 +25,7 @@ void ViewManager::setupSettings()
 {
     settingsPage = new SettingsPage(settingsDialog, globalPresetInterface);
     SettingsForm& settings = settingsPage->settingsForm();
-    connect(settings.close_button, SIGNAL(clicked()), &innerDialogs, SLOT(slotCloseDialog()));
+    innerDialogs.closeBy(settings.close_button);
     connect(settingsPage, SIGNAL(signalStoreGlobal(QString, QVariant)),
             SIGNAL(signalStoreGlobal(QString, QVariant)));
     connect(settingsPage, SIGNAL(signalSendParameter(QString, int)),

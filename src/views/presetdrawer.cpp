@@ -40,7 +40,7 @@ PresetDrawer::PresetDrawer(QWidget* view, const ViewMode& viewMode, const FullPo
     , setlist(slotPresets)
     , innerDialogs(dialogs)
 {
-    setupDialogs(view);
+    setupDialogs();
     form.deletepreset->setEnabled(presetInterface->presetCount() >= 2);
     setlist->slotInitComponents(form.setlistMenus);
 }

@@ -20,7 +20,7 @@ class PresetDrawer : public QObject
     Q_OBJECT
 
 public:
-    // view: parent of the dialogs. All must outlive this.
+    // All must outlive this.
     PresetDrawer(QWidget* view, const ViewMode& mode, const FullPowerForm& form,
                  PresetInterface* presetInterface, Setlist* setlist, InnerDialogs* innerDialogs);
 
@@ -67,7 +67,7 @@ signals:
     void signalStartLiveMemoryTimeout(int intervalMs);
 
 private:
-    void setupDialogs(QWidget* view);
+    void setupDialogs();
     void openAbout(QListWidgetItem* item, QWidget* dialog, QWidget* focus);
     // Where the preset of the open dialog is by now; -1 if it is gone. A library may hold two of
     // one name.

@@ -15,28 +15,21 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
-void PresetDrawer::setupDialogs(QWidget* view)
+void PresetDrawer::setupDialogs()
 {
-    const auto make = [view](const QRect& place) {
-        auto* dialog = new QWidget(view, Qt::SubWindow);
-        dialog->setGeometry(place);
-        return dialog;
-    };
-    saveAsDialog = make({505, 285, 190, 123});
+    saveAsDialog = innerDialogs->make({505, 285, 190, 123});
     saveAsForm.setupUi(saveAsDialog);
-    deleteDialog = make({400, 300, 400, 93});
+    deleteDialog = innerDialogs->make({400, 300, 400, 93});
     deleteForm.setupUi(deleteDialog);
-    renameDialog = make({505, 283, 190, 127});
+    renameDialog = innerDialogs->make({505, 283, 190, 127});
     renameForm.setupUi(renameDialog);
-    liveMemoryHelpDialog = make({442, 184, 317, 325});
+    liveMemoryHelpDialog = innerDialogs->make({442, 184, 317, 325});
     connectionSyncForm.setupUi(liveMemoryHelpDialog);
-    for (QWidget* dialog : {saveAsDialog, deleteDialog, renameDialog, liveMemoryHelpDialog})
-        innerDialogs->add(dialog);
     innerDialogs->addName(saveAsForm.name, saveAsForm.save);
     innerDialogs->addName(renameForm.name, renameForm.rename);
     for (QPushButton* button :
          {saveAsForm.cancel, deleteForm.cancel, renameForm.cancel, connectionSyncForm.ok})
-        connect(button, SIGNAL(clicked()), innerDialogs, SLOT(slotCloseDialog()));
+        innerDialogs->closeBy(button);
     connect(deleteForm.delete_2, SIGNAL(clicked()), SLOT(slotConfirmDelete()));
 }
 

@@ -38,31 +38,24 @@ SlotTransfer::SlotTransfer(QWidget* view, const Rooms& rooms, SysexManager* syse
     , progressBox(new ProgressBox(view, &rooms.innerDialogs))
 {
     progressBox->setParent(this);
-    setupDialogs(view);
+    setupDialogs();
 }
 
-void SlotTransfer::setupDialogs(QWidget* view)
+void SlotTransfer::setupDialogs()
 {
-    const auto make = [view](const QRect& place) {
-        auto* dialog = new QWidget(view, Qt::SubWindow);
-        dialog->setGeometry(place);
-        return dialog;
-    };
-    receivePresetDialog = make({466, 224, 268, 244});
-    receivePresetForm.setupUi(receivePresetDialog);
-    receiveAsDialog = make({494, 268, 213, 156});
-    receiveAsForm.setupUi(receiveAsDialog);
-    receiveAllDialog = make({481, 260, 239, 172});
-    receiveAllForm.setupUi(receiveAllDialog);
     InnerDialogs& dialogs = with.innerDialogs;
-    for (QWidget* dialog : {receivePresetDialog, receiveAsDialog, receiveAllDialog})
-        dialogs.add(dialog);
+    receivePresetDialog = dialogs.make({466, 224, 268, 244});
+    receivePresetForm.setupUi(receivePresetDialog);
+    receiveAsDialog = dialogs.make({494, 268, 213, 156});
+    receiveAsForm.setupUi(receiveAsDialog);
+    receiveAllDialog = dialogs.make({481, 260, 239, 172});
+    receiveAllForm.setupUi(receiveAllDialog);
     dialogs.addName(receivePresetForm.name, receivePresetForm.receive, receivePresetForm.toNew);
     dialogs.addName(receiveAsForm.name, receiveAsForm.receive);
     dialogs.addName(receiveAllForm.prefix, receiveAllForm.receive);
     for (QPushButton* button :
          {receivePresetForm.cancel, receiveAsForm.cancel, receiveAllForm.cancel})
-        connect(button, SIGNAL(clicked()), &dialogs, SLOT(slotCloseDialog()));
+        dialogs.closeBy(button);
 }
 
 void SlotTransfer::rest() { state = {}; }

@@ -34,7 +34,7 @@ public:
         ChannelSelector& selector;
     };
 
-    // view: parent of the dialogs. All must outlive this.
+    // view: parent of the progress box. All must outlive this.
     SlotTransfer(QWidget* view, const Rooms& rooms, SysexManager* sysexManager,
                  PresetInterface* presetInterface, Setlist* setlist, QSettings* settingsStore);
 
@@ -93,7 +93,7 @@ private:
         int requestedSlot = -1;
     };
 
-    void setupDialogs(QWidget* view);
+    void setupDialogs();
     QString presetInSlot(QChar letter) const;
     int rowOfSlot(QChar letter) const;
     void setSending(bool connected);

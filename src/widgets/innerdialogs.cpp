@@ -51,6 +51,19 @@ void InnerDialogs::add(QWidget* dialog, Escape escape)
     dialog->installEventFilter(this);
 }
 
+QWidget* InnerDialogs::make(const QRect& place)
+{
+    auto* dialog = new QWidget(area, Qt::SubWindow);
+    dialog->setGeometry(place);
+    add(dialog);
+    return dialog;
+}
+
+void InnerDialogs::closeBy(QAbstractButton* button)
+{
+    connect(button, SIGNAL(clicked()), SLOT(slotCloseDialog()));
+}
+
 void InnerDialogs::addName(QLineEdit* edit, QAbstractButton* accept, QAbstractButton* choice)
 {
     names.append({edit, accept, choice});

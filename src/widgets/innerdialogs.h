@@ -5,6 +5,7 @@
 
 class QAbstractButton;
 class QLineEdit;
+class QRect;
 class QWidget;
 
 // The dialogs that a window, or a view in it, draws over itself, and the sheet beneath them. The
@@ -26,6 +27,9 @@ public:
     void setSheet(QWidget* translucent) { sheet = translucent; }
     // Escape closes it from its direct children, not from within a frame.
     void add(QWidget* dialog, Escape escape = Escape::Closes);
+    // One more, hidden and at its place.
+    QWidget* make(const QRect& place);
+    void closeBy(QAbstractButton* button);
     // A name that is typed in a dialog: has at most 24 characters, and Return in it presses accept,
     // which needs one. choice: where it is not checked, none is needed.
     void addName(QLineEdit* edit, QAbstractButton* accept, QAbstractButton* choice = nullptr);
@@ -43,14 +47,12 @@ public:
 
     QList<QLineEdit*> nameEdits() const;
 
-public slots:
-    // The one that the sender, a button, stands in.
-    void slotCloseDialog();
-
 signals:
     void signalClosed();
 
 private slots:
+    // The one that the sender, a button, stands in.
+    void slotCloseDialog();
     void slotKeepFocus();
     void slotLimitName();
     void slotCheckNames();
