@@ -3,11 +3,15 @@
 // there is a display, or with QT_QPA_PLATFORM=offscreen, in the runnable folder: there are the
 // tables and styles.
 
+#include "jsonfile.h"
+#include "presetdefaults.h"
 #include "viewmanager.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QJsonDocument>
 #include <QPushButton>
 #include <QTemporaryDir>
 
@@ -98,12 +102,39 @@ void firstModeEntry(benchmark::State& state)
     }
 }
 
+// A library of so many presets, as after each change of a name.
+void exportSubmenu(benchmark::State& state)
+{
+    const QString before = QDir::currentPath();
+    const QTemporaryDir folder;
+    QFile::link(QDir(QStringLiteral("resources/tables")).absolutePath(), folder.filePath("tables"));
+    QDir(folder.path()).mkpath(QStringLiteral("resources/presets"));
+    QFile::rename(folder.filePath("tables"), folder.filePath("resources/tables"));
+    QVariantMap library;
+    for (int number = 0; number < state.range(0); ++number) {
+        QVariantMap preset = presetdefaults::preset();
+        preset.insert(QStringLiteral("preset_name"), QStringLiteral("Preset %1").arg(number));
+        library.insert(QStringLiteral("Preset_%1").arg(number, 3, 10, QLatin1Char('0')), preset);
+    }
+    QDir::setCurrent(folder.path());
+    JsonFile(QStringLiteral("resources/presets/jsum.json"))
+        .write(QJsonDocument::fromVariant(library).toJson());
+    {
+        ViewManager window;
+        for (auto _ : state)
+            window.slotUpdateExportPresetActions();
+    }
+    QDir::setCurrent(before);
+}
+
 } // namespace
 
 BENCHMARK(emptyWindow)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(10);
 BENCHMARK(splash)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
 BENCHMARK(toTheEventLoop)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
 BENCHMARK(firstModeEntry)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
+
+BENCHMARK(exportSubmenu)->Arg(12)->Arg(1000)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
