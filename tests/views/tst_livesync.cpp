@@ -182,8 +182,11 @@ private slots:
         for (int end = 0; end < 20; ++end)
             QMetaObject::invokeMethod(
                 &desk, [&] { desk.slotEndMarker(1 + end % 12); }, Qt::QueuedConnection);
+        QString sent;
+        const auto soFar = [&] { return sent = (sent + ' ' + desk.sent()).trimmed(); };
+        QTRY_COMPARE(soFar(), recallOf(1) + ' ' + recallOf(1));
         QTest::qWait(200);
-        QCOMPARE(desk.sent(), recallOf(1) + ' ' + recallOf(1));
+        QCOMPARE(desk.sent(), QString());
         desk.slotEndMarker(3); // and it listens again
         QCOMPARE(desk.sent(), recallOf(1));
     }

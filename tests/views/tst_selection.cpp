@@ -99,8 +99,11 @@ private slots:
         Desk desk;
         desk.start();
         for (const auto& row : rows) {
-            for (int channel = 1; channel <= 8; ++channel)
-                desk.hear(row.key.arg(channel), row.key == muteKey ? 0 : 9000);
+            for (int channel = 1; channel <= 8; ++channel) {
+                const QString key = row.key.arg(channel);
+                desk.hear(key, row.key == muteKey ? 0 : 9000);
+                QVERIFY2(!desk.sent().contains(key + '='), qPrintable("an echo of " + key));
+            }
             click(desk, row.clicks);
             desk.sent();
             desk.set(row.key.arg(row.moved), row.key == muteKey ? 1 : 9500);

@@ -119,6 +119,8 @@ void ChannelStrip::slotReceiveChannelStripParams(QString jsonName, int value)
         qDebug() << "no parameter of a preset:" << jsonName;
         return;
     }
+    // Selected channels may lead this one's control back.
+    const SendingCut cut(this);
     forwardToSelection(jsonName, value);
     if (name.contains(QLatin1String("group")))
         return;
@@ -130,7 +132,6 @@ void ChannelStrip::slotReceiveChannelStripParams(QString jsonName, int value)
 
 void ChannelStrip::receiveStereo(const Control& control, bool paired)
 {
-    const WireCut cut(sendWire(control));
     const bool moves = control.value() != int{paired};
     setControl(control, int{paired});
     if (paired)

@@ -26,6 +26,9 @@ public slots:
 
 protected:
     bool letsEventsPass() const override { return false; }
+    // The faders of channels that are selected together follow one that the mixer moves, and the
+    // mixer hears of them.
+    bool receivesWhole() const override { return false; }
     bool changedByUser(const Control& control) override;
     void showOwnState(const Control& control) override;
 

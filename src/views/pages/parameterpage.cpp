@@ -71,6 +71,19 @@ void ParameterPage::slotDisconnectToSysexSending()
         sendWire(control).disconnect();
 }
 
+ParameterPage::SendingCut::SendingCut(ParameterPage* cutPage)
+    : page(cutPage != nullptr && cutPage->sending ? cutPage : nullptr)
+{
+    if (page != nullptr)
+        page->slotDisconnectToSysexSending();
+}
+
+ParameterPage::SendingCut::~SendingCut()
+{
+    if (page != nullptr)
+        page->slotConnectToSysexSending();
+}
+
 const ParameterPage::Control* ParameterPage::wiredControl() const
 {
     const Control* control = controlOf(sender());
@@ -89,6 +102,7 @@ void ParameterPage::receive(const QString& key, int value)
         qDebug() << "no control for" << key;
         return;
     }
+    const SendingCut pageCut(receivesWhole() ? this : nullptr);
     const WireCut sendCut(sendWire(*control));
     std::optional<int> taken;
     {

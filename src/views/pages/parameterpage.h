@@ -55,8 +55,22 @@ protected:
     virtual bool changedByUser(const Control& /*control*/) { return true; }
     // Whether it has a key of its own, and so the wires.
     virtual bool isParameter(const Control& /*control*/) const { return true; }
+    // Whether a value from the mixer cuts the send wire of the whole page, or of its control alone.
+    virtual bool receivesWhole() const { return true; }
     // Whether it has the send wire too.
     virtual bool isSent(const Control& /*control*/) const { return true; }
+
+    // Keeps the send wire of the whole page cut for a scope, if it is connected.
+    class SendingCut
+    {
+    public:
+        explicit SendingCut(ParameterPage* cutPage);
+        ~SendingCut();
+        Q_DISABLE_COPY_MOVE(SendingCut)
+
+    private:
+        ParameterPage* const page;
+    };
 
     Wire storeWire(const Control& control);
     Wire sendWire(const Control& control);
