@@ -25,8 +25,14 @@ signals:
     void signalPassValuestoChannelStrip(QString objName, int auxNum, int value);
 
 protected:
-    const char* slotToBox() const override { return SLOT(slotLinkFadertoSpinbox(int)); }
-    const char* slotFromBox() const override { return SLOT(slotLinkSpinboxtoFader(double)); }
+    const char* slotToBox(const Control& /*control*/) const override
+    {
+        return SLOT(slotLinkFadertoSpinbox(int));
+    }
+    const char* slotFromBox(const Control& /*control*/) const override
+    {
+        return SLOT(slotLinkSpinboxtoFader(double));
+    }
 
 private:
     Wire mirrorWire(const Control& control);

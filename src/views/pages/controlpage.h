@@ -95,8 +95,14 @@ protected:
     void clearFocusOnPress(QWidget* area);
 
     // The slots that link a control and its box, by which a page may call them otherwise.
-    virtual const char* slotToBox() const { return SLOT(slotLinkDialToSpinbox(int)); }
-    virtual const char* slotFromBox() const { return SLOT(slotLinkDoubleSpinboxtoDial(double)); }
+    virtual const char* slotToBox(const Control& /*control*/) const
+    {
+        return SLOT(slotLinkDialToSpinbox(int));
+    }
+    virtual const char* slotFromBox(const Control& /*control*/) const
+    {
+        return SLOT(slotLinkDoubleSpinboxtoDial(double));
+    }
 
     QString spokenName() const { return spoken; }
 

@@ -24,14 +24,15 @@ void ControlPage::linkBox(Control& control)
 {
     if (control.box == nullptr)
         return;
-    control.toBox = control.wireTo(this, slotToBox());
+    control.toBox = control.wireTo(this, slotToBox(control));
     if (qobject_cast<SelectAllSpinbox*>(control.box) != nullptr)
         control.fromBox = {control.box, SIGNAL(signalSetDial(int)), this,
                            SLOT(slotLinkSpinboxtoDial(int))};
     else if (qobject_cast<FreqSpinBox*>(control.box) != nullptr)
-        control.fromBox = {control.box, SIGNAL(signalTrueValue(double)), this, slotFromBox()};
+        control.fromBox = {control.box, SIGNAL(signalTrueValue(double)), this,
+                           slotFromBox(control)};
     else
-        control.fromBox = {control.box, SIGNAL(signalSetDial(double)), this, slotFromBox()};
+        control.fromBox = {control.box, SIGNAL(signalSetDial(double)), this, slotFromBox(control)};
 }
 
 void ControlPage::slotLinkDialToSpinbox(int /*value*/)
@@ -130,13 +131,14 @@ int ControlPage::slotFindTableValueFromSpinboxValue(double value, QString objNam
     if (match.index < 0 || match.exact)
         return match.index;
     const double entry = table.at(match.index);
-    auto* box = host->findChild<QAbstractSpinBox*>(objName);
-    if (auto* freq = qobject_cast<FreqSpinBox*>(box); freq != nullptr) {
-        const WireCut cut({freq, SIGNAL(signalTrueValue(double)), this, slotFromBox()});
+    const Control* control = controlOf(host->findChild<QAbstractSpinBox*>(objName));
+    if (control == nullptr)
+        return match.index;
+    const WireCut cut(control->fromBox);
+    if (auto* freq = qobject_cast<FreqSpinBox*>(control->box); freq != nullptr)
         freq->slotSetFrequencyScaling(entry);
-    } else if (auto* decimal = qobject_cast<SelectAllDoubleSpinbox*>(box); decimal != nullptr) {
-        const WireCut cut({decimal, SIGNAL(signalSetDial(double)), this, slotFromBox()});
+    else if (auto* decimal = qobject_cast<SelectAllDoubleSpinbox*>(control->box);
+             decimal != nullptr)
         decimal->setValue(entry);
-    }
     return match.index;
 }

@@ -6,15 +6,20 @@
 #include <QStyle>
 #include <QStyleOptionSlider>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace
 {
 
-// Those below would stand on each other: the curve is steep at the bottom.
-constexpr int marks[]{6, 3, 0, -3, -6, -10, -15, -20, -30, -70};
+// The first ones first where a short fader has no room for all. Those between -30 and -70 would
+// stand on each other on any: the curve is steep at the bottom.
+constexpr int marks[]{0, -70, 6, -10, -20, -30, -6, 3, -3, -15};
 
 constexpr QColor textColor(165, 165, 165);
 constexpr int tickWidth = 4;
 constexpr int textHeight = 12;
+constexpr int leastDistance = 9;
 
 } // namespace
 
@@ -42,12 +47,17 @@ void FaderScale::paintEvent(QPaintEvent* /*event*/)
     QFont small = font();
     small.setPixelSize(9);
     painter.setFont(small);
+    QList<int> drawn;
     for (const int decibels : marks) {
         option.sliderPosition = scaling::dbToFader(decibels, slider->minimum(), slider->maximum());
         option.sliderValue = option.sliderPosition;
         const QRect handle = slider->style()->subControlRect(QStyle::CC_Slider, &option,
                                                              QStyle::SC_SliderHandle, slider);
         const int y = handle.center().y();
+        if (std::any_of(drawn.cbegin(), drawn.cend(),
+                        [y](int other) { return std::abs(other - y) < leastDistance; }))
+            continue;
+        drawn.append(y);
         painter.drawLine(width() - tickWidth, y, width() - 1, y);
         const QString text = decibels == -70 ? QString(QChar(0x221E)) : QString::number(decibels);
         painter.drawText(QRect(0, y - textHeight / 2, width() - tickWidth - 2, textHeight),

@@ -1,8 +1,8 @@
 #include "faderframeform.h"
 
+#include "fadercolumns.h"
 #include "formbuilder.h"
 #include "mixershape.h"
-#include "stripparts.h"
 
 #include <QFrame>
 #include <QPushButton>
@@ -11,65 +11,22 @@
 namespace
 {
 
+using fadercolumns::Column;
+using fadercolumns::layMark;
+using fadercolumns::muteRow;
+using fadercolumns::nameOf;
+
 constexpr int margin = 8;
 
-// One fader with its buttons, a column of the frame.
-struct Column {
-    QString word; // as "ch1"
-    QString name; // as it is shown
-    QString spoken;
-    bool isInput;
-};
-
-QList<Column> makeColumns()
+ControlRow frameFaderRow(const Column& channel)
 {
-    QList<Column> columns;
-    for (int number = 1; number <= channels::lastInput; ++number)
-        columns.append({QStringLiteral("ch%1").arg(number), QStringLiteral("CH %1").arg(number),
-                        QStringLiteral("Channel %1").arg(number), true});
-    columns.append({"mains", "MAINS", "Mains", false});
-    for (int aux = 1; aux <= channels::auxes; ++aux)
-        columns.append({QStringLiteral("aux%1").arg(aux), QStringLiteral("AUX %1").arg(aux),
-                        QStringLiteral("Aux %1").arg(aux), false});
-    columns.append({"phones", "PHONES", "Phones", false});
-    return columns;
-}
-
-const QList<Column>& allColumns()
-{
-    static const QList<Column> columns = makeColumns();
-    return columns;
-}
-
-QString nameOf(const Column& channel, const char* part)
-{
-    return QStringLiteral("faderframe_%1_%2").arg(channel.word, QLatin1String(part));
-}
-
-ControlRow faderRow(const Column& channel)
-{
-    return stripparts::faderRow(nameOf(channel, "fader"), channel.name, QStringLiteral("fader"),
-                                QStringLiteral("The level. With Ctrl, a click sets it to 0 dB."));
-}
-
-ButtonRow muteRow(const Column& channel)
-{
-    return {nameOf(channel, "mute"), QStringLiteral("mute"),
-            QStringLiteral("Silence this channel.")};
+    return fadercolumns::faderRow(channel, QStringLiteral(" With Ctrl, a click sets it to 0 dB."));
 }
 
 ButtonRow soloRow(const Column& channel)
 {
     return {nameOf(channel, "solo"), QStringLiteral("solo"),
             QStringLiteral("Hear this channel alone. With Shift, end every other solo.")};
-}
-
-void layMark(FormBuilder& builder, QWidget* parent, const ButtonRow& row, const char* letter,
-             const QRect& place)
-{
-    QToolButton* button = builder.button(parent, row, place);
-    button->setText(QLatin1String(letter));
-    button->setProperty("role", row.spoken);
 }
 
 void layChannel(QFrame* parent, const Column& channel, const QRect& column)
@@ -100,7 +57,7 @@ void layChannel(QFrame* parent, const Column& channel, const QRect& column)
             {channel.isInput ? left + half + buttonGap : left, y,
              channel.isInput ? half : buttonWidth, buttonHeight});
     y += buttonHeight + margin;
-    builder.fader(parent, faderRow(channel),
+    builder.fader(parent, frameFaderRow(channel),
                   {column.x(), y, column.width(), column.bottom() - margin / 2 - y});
 }
 
@@ -121,7 +78,7 @@ FaderFrameForm::FaderFrameForm(QWidget* host)
 
     int inputLeft = 4;
     int outputLeft = 4;
-    for (const Column& channel : allColumns()) {
+    for (const Column& channel : fadercolumns::all()) {
         int& left = channel.isInput ? inputLeft : outputLeft;
         const int width = channel.isInput ? inputWidth : outputWidth;
         layChannel(channel.isInput ? inputFrame : outputFrame, channel, {left, 0, width, height});
@@ -133,8 +90,8 @@ const QList<ControlRow>& FaderFrameForm::controlRows()
 {
     static const QList<ControlRow> rows = [] {
         QList<ControlRow> all;
-        for (const Column& channel : allColumns())
-            all.append(faderRow(channel));
+        for (const Column& channel : fadercolumns::all())
+            all.append(frameFaderRow(channel));
         return all;
     }();
     return rows;
@@ -144,7 +101,7 @@ const QList<ButtonRow>& FaderFrameForm::buttonRows()
 {
     static const QList<ButtonRow> rows = [] {
         QList<ButtonRow> all;
-        for (const Column& channel : allColumns()) {
+        for (const Column& channel : fadercolumns::all()) {
             all.append(muteRow(channel));
             if (channel.isInput)
                 all.append(soloRow(channel));

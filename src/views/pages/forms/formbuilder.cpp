@@ -71,6 +71,9 @@ void setTravel(QAbstractSlider* slider, const ControlRow& row)
     }
 }
 
+// Of boxes that stand side by side.
+int fittingBoxWidth(int column) { return qMin(boxWidth, column - gap); }
+
 void layBox(QAbstractSpinBox* number, const QRect& place)
 {
     number->setButtonSymbols(QAbstractSpinBox::NoButtons);
@@ -156,23 +159,46 @@ int FormBuilder::knobHeight(const ControlRow& row)
     return dialSide(row.thickness) + gap + boxPart + captionHeight;
 }
 
-NoWrapDial* FormBuilder::knob(QWidget* parent, const ControlRow& row, const QPoint& topMiddle)
+NoWrapDial* FormBuilder::ring(QWidget* parent, const ControlRow& row, const QPoint& topMiddle)
 {
     const int side = dialSide(row.thickness);
     auto* dial = new NoWrapDial(parent);
     dress(dial, row.name, accessible(row.spoken), row.toolTip);
     setTravel(dial, row);
     dial->setGeometry(topMiddle.x() - side / 2, topMiddle.y(), side, side);
-
-    int y = topMiddle.y() + side + gap;
     if (row.hasReset)
         resetButton(parent, row, {topMiddle.x(), topMiddle.y() + side - resetSide / 2});
+    return dial;
+}
+
+QLabel* FormBuilder::caption(QWidget* parent, const ControlRow& row, const QRect& place)
+{
+    QLabel* words = label(parent, row.caption, place);
+    words->setObjectName(row.name + QStringLiteral("_caption"));
+    return words;
+}
+
+NoWrapDial* FormBuilder::knob(QWidget* parent, const ControlRow& row, const QPoint& topMiddle)
+{
+    NoWrapDial* dial = ring(parent, row, topMiddle);
+    int y = topMiddle.y() + dial->height() + gap;
     if (row.hasBox) {
         box(parent, row, {topMiddle.x() - boxWidth / 2, y, boxWidth, boxHeight});
         y += boxHeight + gap;
     }
-    label(parent, row.caption, {topMiddle.x() - captionWidth / 2, y, captionWidth, captionHeight})
-        ->setObjectName(row.name + QStringLiteral("_caption"));
+    caption(parent, row, {topMiddle.x() - captionWidth / 2, y, captionWidth, captionHeight});
+    return dial;
+}
+
+NoWrapDial* FormBuilder::namedRing(QWidget* parent, const ControlRow& row, const QPoint& topMiddle,
+                                   int width)
+{
+    NoWrapDial* dial = ring(parent, row, topMiddle);
+    // The ring is drawn over its place, and turned there too.
+    caption(parent, row, dial->geometry())->setAttribute(Qt::WA_TransparentForMouseEvents);
+    const int fitting = fittingBoxWidth(width);
+    box(parent, row,
+        {topMiddle.x() - fitting / 2, topMiddle.y() + dial->height() + gap, fitting, boxHeight});
     return dial;
 }
 
@@ -192,10 +218,10 @@ void FormBuilder::fader(QWidget* parent, const ControlRow& row, const QRect& pla
                       FaderScale::widthInPixels, slider->height());
 
     int y = place.y() + place.height() - below + gap;
-    box(parent, row, {middle - boxWidth / 2, y, boxWidth, boxHeight});
+    const int fitting = fittingBoxWidth(place.width());
+    box(parent, row, {middle - fitting / 2, y, fitting, boxHeight});
     y += boxHeight + gap;
-    label(parent, row.caption, {place.x(), y, place.width(), captionHeight})
-        ->setObjectName(row.name + QStringLiteral("_caption"));
+    caption(parent, row, {place.x(), y, place.width(), captionHeight});
 }
 
 QAbstractSpinBox* FormBuilder::box(QWidget* parent, const ControlRow& row, const QRect& place)

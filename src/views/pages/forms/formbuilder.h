@@ -37,6 +37,9 @@ public:
     // caption; the reset button is in the gap of the ring. The height follows from the row.
     NoWrapDial* knob(QWidget* parent, const ControlRow& row, const QPoint& topMiddle);
     static int knobHeight(const ControlRow& row);
+    // The same, its caption within the ring; narrow enough for the width.
+    NoWrapDial* namedRing(QWidget* parent, const ControlRow& row, const QPoint& topMiddle,
+                          int width);
     // A fader as high as the place less its box and its caption, which stand below it.
     void fader(QWidget* parent, const ControlRow& row, const QRect& place);
 
@@ -62,6 +65,8 @@ private:
     template <class Button>
     QWidget* layChoice(QWidget* parent, const ChoiceRow& row, const QRect& place);
     QAbstractSpinBox* box(QWidget* parent, const ControlRow& row, const QRect& place);
+    NoWrapDial* ring(QWidget* parent, const ControlRow& row, const QPoint& topMiddle);
+    QLabel* caption(QWidget* parent, const ControlRow& row, const QRect& place);
 
     QWidget* const form;
     const QString page;
