@@ -7,6 +7,7 @@
 #include "globalimportexporthandler.h"
 #include "globalpresetinterface.h"
 #include "importexporthandler.h"
+#include "lowpowerview.h"
 #include "pagestyle.h"
 #include "presetinterface.h"
 #include "settingspage.h"
@@ -106,6 +107,9 @@ ViewManager::ViewManager(Splash splash, std::unique_ptr<MidiPorts> ports, JsonFi
     fullPowerView =
         new FullPowerView(resourcesInAppData, resourcesFolder, sysexManager, presetInterface,
                           globalPresetInterface, settingsDialog, settingsStore, fullPowerContainer);
+    lowPowerContainer = new QWidget(form.lowPowerViewWidget);
+    lowPowerView =
+        new LowPowerView(sysexManager, globalPresetInterface, settingsDialog, lowPowerContainer);
 
     setupDialogs();
     setupEventFilters();
@@ -184,21 +188,29 @@ void ViewManager::setupDialogs()
     restartDialogForm.setupUi(restartDialog);
 }
 
-void ViewManager::setupEventFilters()
+void ViewManager::filterToolTips(QWidget* root)
 {
-    for (QWidget* widget : findChildren<QWidget*>()) {
+    for (QWidget* widget : root->findChildren<QWidget*>()) {
         widget->installEventFilter(&toolTipFilter);
         widget->setAttribute(Qt::WA_MacShowFocusRect, false);
     }
+}
+
+void ViewManager::setupEventFilters()
+{
+    filterToolTips(this);
     installEventFilter(this);
 }
 
 void ViewManager::slotConnectInterfaces()
 {
-    connect(fullPowerView, SIGNAL(signalConnectGlobalSysex()),
-            SLOT(slotConnectToSysexGlobalSending()));
-    connect(fullPowerView, SIGNAL(signalDisconnectGlobalSysex()),
-            SLOT(slotDisconnectToSysexGlobalSending()));
+    for (QWidget* view :
+         {static_cast<QWidget*>(fullPowerView), static_cast<QWidget*>(lowPowerView)}) {
+        connect(view, SIGNAL(signalConnectGlobalSysex()), this,
+                SLOT(slotConnectToSysexGlobalSending()));
+        connect(view, SIGNAL(signalDisconnectGlobalSysex()), this,
+                SLOT(slotDisconnectToSysexGlobalSending()));
+    }
     connect(sysexManager, SIGNAL(signalConsoleText(QString)), this,
             SLOT(slotAddTextToFwConsole(QString)));
     connect(sysexManager, SIGNAL(signalSetFwProgressBar(int)), this,

@@ -18,6 +18,7 @@ class FullPowerView;
 class GlobalImportExportHandler;
 class GlobalPresetInterface;
 class ImportExportHandler;
+class LowPowerView;
 class MidiPorts;
 class PresetInterface;
 class QAction;
@@ -73,6 +74,7 @@ public slots:
     // Enters the full-power face, once in a connection or a demo: several queries may be under way,
     // and each answer comes here.
     void slotInitFullPowerView();
+    // Nothing that the mixer says raises it.
     void slotInitLowPowerView();
     // Brings the translucent sheet in line with the dialogs that are open; called after any has
     // closed.
@@ -162,6 +164,7 @@ private:
     void showSplash();
     void setupDialogs();
     QList<QWidget*> dialogs() const;
+    void filterToolTips(QWidget* root);
     void setupEventFilters();
     void openFirmwareLog();
     void connectFirmwareDialogs();
@@ -172,6 +175,8 @@ private:
     void addEditActions(QMenu* menu);
     // Those that need a mixer or the demo.
     void enableModeActions(bool enabled);
+    // Parks both faces' views.
+    void leaveModes();
 
     void setupSettings();
     void setupUsbAudio();
@@ -194,6 +199,8 @@ private:
     ToolTipEventFilter toolTipFilter;
     FullPowerView* fullPowerView = nullptr;
     QWidget* fullPowerContainer = nullptr;
+    LowPowerView* lowPowerView = nullptr;
+    QWidget* lowPowerContainer = nullptr;
     QWidget* disableWidget = nullptr;
     QWidget* aboutDialog = nullptr;
     QWidget* settingsDialog = nullptr;

@@ -3,6 +3,7 @@
 
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
+#include "lowpowerview.h"
 #include "presetinterface.h"
 #include "settingspage.h"
 #include "sysexmanager.h"
@@ -102,11 +103,17 @@ void ViewManager::slotInitAfterConnection(bool connected)
     disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
     slotHideDisableWidget();
 
-    fullPowerView->slotDeInitializeFullPowerMode();
-    enableModeActions(false);
+    leaveModes();
     clearGlobalPresetAct->setEnabled(false);
     forceFirmwareUpdateAct->setEnabled(false);
     demoModeAct->setEnabled(true);
+}
+
+void ViewManager::leaveModes()
+{
+    fullPowerView->slotDeInitializeFullPowerMode();
+    lowPowerView->slotDeInitializeLowPowerMode();
+    enableModeActions(false);
     connectImport(false);
     disconnect(fullPowerView, SIGNAL(signalChangeWindowSize(int, int)), this,
                SLOT(slotChangeWindowSize(int, int)));
@@ -122,6 +129,8 @@ void ViewManager::slotInitFullPowerView()
     if (std::exchange(fullPowerEntry, entry) == entry)
         return;
     ++entryNumber;
+    lowPowerView->slotDeInitializeLowPowerMode();
+    form.lowPowerViewWidget->close();
     fullPowerView->slotDeInitializeFullPowerMode();
     fullPowerView->slotShowPresets(true);
 
@@ -178,8 +187,12 @@ void ViewManager::enableModeActions(bool enabled)
 
 void ViewManager::slotInitLowPowerView()
 {
-    windowWidth = 800;
-    windowHeight = 410;
+    fullPowerEntry = Entry::None;
+    ++entryNumber;
+    leaveModes();
+    form.fullPowerViewWidget->close();
+    windowWidth = LowPowerView::widthInPixels;
+    windowHeight = LowPowerView::heightInPixels;
     aboutDialog->move(244, 106);
     settingsDialog->setGeometry(centred(settingsSize, windowWidth, windowHeight, 2));
     const SettingsForm& settings = settingsPage->settingsForm();
@@ -190,7 +203,11 @@ void ViewManager::slotInitLowPowerView()
     for (QWidget* dialog : {fwForceDialog, fwOutOfDateDialog, fwProgressDialog, fwErrorDialog})
         placeDialog(dialog, windowWidth, windowHeight);
     disableWidget->setGeometry(0, 0, windowWidth, windowHeight);
+    lowPowerView->slotInitializeLowPowerMode();
+    // Its face is made at its first entry.
+    filterToolTips(lowPowerView);
     form.splashWidget->close();
+    lowPowerContainer->setGeometry(0, 0, windowWidth, windowHeight);
     setFixedSize(windowWidth, windowHeight);
     menuBar->setGeometry(0, 0, windowWidth, menuBarHeight);
     form.lowPowerViewWidget->show();

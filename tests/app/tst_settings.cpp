@@ -5,6 +5,7 @@
 #include "testcase.h"
 #include "viewmanager.h"
 
+#include <QAbstractSlider>
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
@@ -351,6 +352,38 @@ private slots:
               "Export All Presets", "Export Global Mappings", "About JSum Editor",
               "Documentation...", "Check for Updates..."})
             QVERIFY2(action(text)->isEnabled() != off.contains(text), text);
+    }
+
+    // One face is shown and joined at a time.
+    void lowPowerAndBack()
+    {
+        start();
+        const QString fader = "faderframe_ch1_fader";
+        const auto tell = [this, &fader](int value) {
+            emit window->sysex()->signalReceiveMainwindowPresetParams(fader, value);
+        };
+        auto* full = window->fullPower()->findChild<QAbstractSlider*>(fader);
+        tell(4000);
+        for (int round = 0; round < 2; ++round) {
+            emit window->sysex()->signalInitLowPowerMode();
+            auto* low = window->findChild<QWidget*>("lowPowerView");
+            QVERIFY(low->isVisible() && !window->fullPower()->isVisible());
+            QCOMPARE(window->size(), QSize(800, 410));
+            QVERIFY(!at<QToolButton>("ch1_phantom")->isEnabled());
+            hear("0a0c0101");
+            QVERIFY(at<QToolButton>("ch1_phantom")->isEnabled());
+            tell(5000 + round);
+            QCOMPARE(full->value(), 4000 + round);
+            QCOMPARE(low->findChild<QAbstractSlider*>(fader)->value(), 5000 + round);
+            ports->sent.clear();
+            at<QPushButton>("globalSendButton")->click();
+            QCOMPARE(ports->sent.size(), 1);
+            hear("00000000010a03");
+            QVERIFY(!low->isVisible() && window->fullPower()->isVisible());
+            tell(4001 + round);
+            QCOMPARE(full->value(), 4001 + round);
+            QCOMPARE(low->findChild<QAbstractSlider*>(fader)->value(), 5000 + round);
+        }
     }
 
     // One click, one box, however often the mode was entered; and a failed port switches it off.
