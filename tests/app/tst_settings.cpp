@@ -363,6 +363,8 @@ private slots:
             emit window->sysex()->signalReceiveMainwindowPresetParams(fader, value);
         };
         auto* full = window->fullPower()->findChild<QAbstractSlider*>(fader);
+        const QString mapping = "miditab_fader1_bank1_cc";
+        const auto* fullMapping = window->fullPower()->findChild<QSpinBox*>(mapping);
         tell(4000);
         for (int round = 0; round < 2; ++round) {
             emit window->sysex()->signalInitLowPowerMode();
@@ -375,6 +377,9 @@ private slots:
             tell(5000 + round);
             QCOMPARE(full->value(), 4000 + round);
             QCOMPARE(low->findChild<QAbstractSlider*>(fader)->value(), 5000 + round);
+            emit window->globals()->signalRecallGlobal({{mapping, 60 + round}});
+            QCOMPARE(low->findChild<QSpinBox*>(mapping)->value(), 60 + round);
+            QCOMPARE(fullMapping->value(), 1);
             ports->sent.clear();
             at<QPushButton>("globalSendButton")->click();
             QCOMPARE(ports->sent.size(), 1);
