@@ -85,6 +85,10 @@ void FullPowerView::slotDeInitializeFullPowerMode()
     presetInterface->slotSetSyncStatus(false);
     slotDisconnectInterfaces();
     connectFlashButton(false);
+    for (GlobalTab* tab : globalTabs()) {
+        tab->slotDisconnectElements();
+        tab->slotDisconnectToSysexSending();
+    }
     // What the mixer's panel says of a mode that is over must check no button of the next.
     slotEnableViewChanging(false);
     slotDisconnectMenuItems();

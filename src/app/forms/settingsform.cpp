@@ -140,6 +140,12 @@ void SettingsForm::setupDialog(QWidget* dialog)
     close_button = dialogparts::addButton(dialog, "close_button", QStringLiteral("Close"), 0,
                                           QStringLiteral("Close the settings."));
     close_button->move(width - edge - close_button->width(), close_button->y() + 4);
+    globalSendButton =
+        dialogparts::addButton(dialog, "globalSendButton", QStringLiteral("Save to the Mixer"), 0,
+                               QStringLiteral("Keep these settings in the mixer's memory, so that "
+                                              "they are there when it is switched on again."));
+    globalSendButton->setGeometry(edge, height - 16 - 24, 150, 28);
+    mixerParts.append(globalSendButton);
 }
 
 void SettingsForm::setupUi(QWidget* host)
@@ -149,12 +155,6 @@ void SettingsForm::setupUi(QWidget* host)
     layMixer(builder);
     layUsb(builder);
     layPreferences(builder);
-    globalSendButton =
-        dialogparts::addButton(host, "globalSendButton", QStringLiteral("Save to the Mixer"), 0,
-                               QStringLiteral("Keep these settings in the mixer's memory, so that "
-                                              "they are there when it is switched on again."));
-    globalSendButton->setGeometry(edge, height - 16 - 24, 150, 28);
-    mixerParts.append(globalSendButton);
 }
 
 void SettingsForm::layMixer(FormBuilder& builder)

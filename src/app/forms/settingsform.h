@@ -20,7 +20,7 @@ struct SettingsForm {
     static const QList<ButtonRow>& buttonRows();
     static const QList<ChoiceRow>& choiceRows();
 
-    // Of the dialog: the frame, the heading and the button that closes it.
+    // Of the dialog: the frame, the heading and its two buttons, from which Escape closes it.
     void setupDialog(QWidget* dialog);
     // Of the page on it.
     void setupUi(QWidget* host);
