@@ -118,7 +118,8 @@ void ViewManager::changeGlobals(const std::function<void()>& change)
         sendGlobals();
 }
 
-// The voltage first: no input gets power at the voltage that was.
+// The voltage first: no input gets power at the voltage that was. The mixer's panel stays at what it
+// shows, also where the values of another mode pass.
 void ViewManager::sendGlobals()
 {
     globalsWaitForSync = false;
@@ -129,7 +130,10 @@ void ViewManager::sendGlobals()
     keys.removeAll(voltage);
     keys.prepend(voltage);
     globalSender.setDemoMode(demoModeEnabled);
+    const bool followed = sysexManager->isViewChangingEnabled();
+    sysexManager->setViewChangingEnabled(false);
     globalSender.sendThese(globals, keys);
+    sysexManager->setViewChangingEnabled(followed);
 }
 
 void ViewManager::slotClearGlobalPreset()

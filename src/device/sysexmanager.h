@@ -32,6 +32,7 @@ public:
     bool isConnected() const { return connected; }
     // While set, each parameter sent may first move the mixer's mode to where it can be seen.
     void setViewChangingEnabled(bool enabled) { viewChangingEnabled = enabled; }
+    bool isViewChangingEnabled() const { return viewChangingEnabled; }
     FirmwareUpdateManager* firmware() const { return firmwareManager; }
     MidiManager* midi() const { return midiManager; }
 
