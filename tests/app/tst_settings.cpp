@@ -7,6 +7,7 @@
 
 #include <QAbstractSlider>
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -17,6 +18,7 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QToolButton>
 
 #include <map>
@@ -54,9 +56,10 @@ class TestSettings : public TestCase
         window->sysex()->slotReceiveMidiInput("J-Sum Audio Control",
                                               MidiMessage(bytes.constData(), int(bytes.size())));
     }
-    void plug()
+    void plug() { plug(all); }
+    void plug(const QStringList& names)
     {
-        ports->plug(all);
+        ports->plug(names);
         window->sysex()->midi()->slot_PollDevices();
         window->sysex()->slotDidAttemptFwUpdate();
         hear("00000000010a03");
@@ -252,10 +255,11 @@ private slots:
     {
         start();
         at<QSpinBox>("led_brightness")->setValue(3);
+        at<QToolButton>("view_linking_enable")->click();
         sent();
-        QSettings().setValue("view_linking_enable", true);
         action("Reset Globals to Default")->trigger();
         QCOMPARE(at<QSpinBox>("led_brightness")->value(), 16);
+        QCOMPARE(ports->sentBytes().size(), 208); // the mixer's panel stays as it is
         QCOMPARE(sent().size(), 208);
         QTRY_VERIFY(!boxText().isEmpty());
         QVERIFY(QFile::exists("resources/presets/backups/before-import.jsumglobalmap"));
@@ -409,6 +413,38 @@ private slots:
         QVERIFY(!QSettings().value("hui").toBool());
         window->slotHUIPortButton(true);
         QCOMPARE(hui->text() + QVariant(hui->isChecked()).toString(), "ONtrue");
+    }
+
+    // It goes with the mode and comes anew with the next; the switch stays.
+    void huiWithTheMode()
+    {
+        QSettings().setValue("hui", true);
+        QTimer closer;
+        closer.callOnTimeout([] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                box->accept();
+        });
+        closer.start(10);
+        auto* hui = at<QToolButton>("hui");
+        const struct {
+            QStringList ports;
+            int lights;
+            const char* text;
+        } entries[]{{all, 2, "ON"}, {all, 2, "ON"}, {all.mid(0, 2), 0, "OFF"}, {all, 0, "OFF"}};
+        for (const auto& entry : entries) {
+            ports->sent.clear();
+            plug(entry.ports);
+            const QList<QByteArray> bytes = ports->sentBytes();
+            QCOMPARE(bytes.count(QByteArray::fromHex("900e7f"))
+                         + bytes.count(QByteArray::fromHex("900f7f")),
+                     entry.lights);
+            QCOMPARE(hui->text(), entry.text);
+            QCOMPARE(hui->isChecked(), hui->text() == "ON");
+            QCOMPARE(QSettings().value("hui").toBool(), hui->isChecked());
+            ports->plug(all.mid(2));
+            window->sysex()->midi()->slot_PollDevices();
+            QCOMPARE(ports->openInputs + ports->openOutputs, QStringList());
+        }
     }
 };
 

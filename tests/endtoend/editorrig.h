@@ -59,11 +59,11 @@ protected:
 
     // The mixer
 
-    // "live" or "slot A".
+    // "live", "global", "flash" or "slot A".
     Values mixer(const QString& what)
     {
         simulator->mark();
-        simulator->command(what == "live" ? "state" : what.toLatin1());
+        simulator->command(what.contains(' ') ? what.toLatin1() : "state");
         const QRegularExpression line('^' + what + R"( (\S+) (\d+)$)");
         Values values;
         for (const QString& text : simulator->linesSinceMark().filter(line))

@@ -42,11 +42,11 @@ inline Values saved(const QString& preset)
     return {};
 }
 inline QString inSlot(QChar letter) { return document("setlist.json")[letter].toString(); }
-// Empty where both are whole presets and the same.
-inline QString differences(const Values& one, const Values& other)
+// Empty where both are whole presets, or that many other values, and the same.
+inline QString differences(const Values& one, const Values& other, int size = presetSize)
 {
     QStringList keys;
-    if (one.size() != presetSize || other.size() != presetSize)
+    if (one.size() != size || other.size() != size)
         keys.append(QString("%1 and %2 values").arg(one.size()).arg(other.size()));
     for (auto entry = one.begin(); entry != one.end(); ++entry) {
         const int value = other.value(entry.key(), -1);
