@@ -10,7 +10,6 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QSpinBox>
 
 // The global settings between their pages, the settings dialog and the mixer, over the system's
@@ -32,7 +31,7 @@ class TestGlobals : public TestCase, EditorRig
         return nullptr;
     }
 
-    // What the store holds, the controls show and the file has.
+    // What the store holds, and what the controls show.
     Values held() { return valuesOf(window->globals()->document()["Global"].toMap()); }
     Values onScreen()
     {
@@ -41,30 +40,41 @@ class TestGlobals : public TestCase, EditorRig
             values[parameter.key] = value(parameter.key);
         return values;
     }
+    // Not that of the parked face, which has a mapping's page too.
+    QWidget* ofKey(const QString& key)
+    {
+        auto* onPage = view(key);
+        return onPage != nullptr ? onPage : settings()->findChild<QWidget*>(key);
+    }
+    static void press(QWidget* button) { qobject_cast<QAbstractButton*>(button)->click(); }
+    static int isDown(const QWidget* button)
+    {
+        return qobject_cast<const QAbstractButton*>(button)->isChecked();
+    }
     int value(const QString& key)
     {
-        auto* widget = window->findChild<QWidget*>(key);
-        if (const auto* box = qobject_cast<QSpinBox*>(widget))
+        const auto* widget = ofKey(key);
+        if (const auto* box = qobject_cast<const QSpinBox*>(widget))
             return box->value();
         const auto* choice = widget->findChild<QButtonGroup*>();
-        return choice ? choice->checkedId() : qobject_cast<QAbstractButton*>(widget)->isChecked();
+        return choice ? choice->checkedId() : isDown(widget);
     }
     void setByHand(const QString& key, int to)
     {
-        auto* widget = window->findChild<QWidget*>(key);
+        auto* widget = ofKey(key);
         if (auto* box = qobject_cast<QSpinBox*>(widget))
             box->setValue(to);
         else if (const auto* choice = widget->findChild<QButtonGroup*>())
             choice->button(to)->click();
         else if (value(key) != to)
-            qobject_cast<QAbstractButton*>(widget)->click();
+            press(widget);
     }
     // A page's own button, whose message is the last of what the page has sent.
     bool saves(QWidget* page)
     {
         const QString save = "^from host .* save globals to flash";
         const int before = simulator->count(save);
-        page->findChild<QPushButton*>("globalSendButton")->click();
+        press(page->findChild<QWidget*>("globalSendButton"));
         return simulator->waitFor(save, before + 1);
     }
     // Each value was sent once, and nothing moved mixer or view.
@@ -112,15 +122,11 @@ class TestGlobals : public TestCase, EditorRig
             const auto* strip = control(QString("channelstrip_%1_phantom").arg(channel));
             states += QString(" %1%2%3%4")
                           .arg(value(key))
-                          .arg(shown(strip))
+                          .arg(isDown(strip))
                           .arg(held()[key])
                           .arg(mixers[key]);
         }
         return states.trimmed();
-    }
-    static int shown(const QWidget* button)
-    {
-        return qobject_cast<const QAbstractButton*>(button)->isChecked();
     }
 
 private slots:
@@ -160,7 +166,7 @@ private:
              {settings(), static_cast<QWidget*>(view<SurroundTab>({})),
               static_cast<QWidget*>(view<MidiTab>({})), static_cast<QWidget*>(view<UsbTab>({}))}) {
             for (const Parameter& parameter : parametertable::globals())
-                if (page->isAncestorOf(window->findChild<QWidget*>(parameter.key)))
+                if (page->isAncestorOf(ofKey(parameter.key)))
                     setByHand(parameter.key,
                               parameter.factoryValue == parameter.highest ? parameter.lowest
                                                                           : parameter.highest);
@@ -170,7 +176,7 @@ private:
         }
         for (const Parameter& parameter : parametertable::globals())
             QVERIFY2(value(parameter.key) != parameter.factoryValue, qPrintable(parameter.key));
-        settings()->findChild<QAbstractButton*>("close_button")->click();
+        press(settings()->findChild<QWidget*>("close_button"));
     }
 
     void fromTheMixer()
@@ -201,24 +207,23 @@ private:
         QCOMPARE(value("led_brightness"), 5);
         // View and panel are linked again.
         QVERIFY(simulator->command("channel 3"));
-        QTRY_VERIFY_WITH_TIMEOUT(shown(view("faderframe_ch3_select")), patienceMs);
-        view<QAbstractButton>("faderframe_ch4_select")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(isDown(view("faderframe_ch3_select")), patienceMs);
+        press(view("faderframe_ch4_select"));
         QVERIFY(simulator->waitFor(R"(^from host .*\| channel 4)"));
     }
 
     // With both strips selected only a press on a strip moves both.
     void phantomFromAllSides()
     {
-        view<QAbstractButton>("faderframe_ch1_select")->click();
+        press(view("faderframe_ch1_select"));
         QTest::mouseClick(view("faderframe_ch2_select"), Qt::LeftButton, Qt::ShiftModifier);
-        const auto press = [](QWidget* button) { qobject_cast<QAbstractButton*>(button)->click(); };
         const struct {
             std::function<void()> act;
             QString states;
             int messages;
         } rows[]{
             {[&] { press(control("channelstrip_ch2_phantom")); }, "1111 1111", 2},
-            {[&] { press(settings()->findChild<QWidget*>("ch1_phantom")); }, "0000 1111", 1},
+            {[&] { press(ofKey("ch1_phantom")); }, "0000 1111", 1},
             {[&] { simulator->command("global ch2_phantom 0"); }, "0000 0000", 0},
             {[&] { simulator->command("global ch1_phantom 1"); }, "1111 0000", 0},
             {[&] { window->globals()->slotRecallGlobal(); }, "1111 0000", 0},
