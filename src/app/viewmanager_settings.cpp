@@ -118,8 +118,8 @@ void ViewManager::changeGlobals(const std::function<void()>& change)
         sendGlobals();
 }
 
-// The voltage first: no input gets power at the voltage that was. The mixer's panel stays at what it
-// shows, also where the values of another mode pass.
+// The voltage first: no input gets power at the voltage that was. The mixer's panel stays at what
+// it shows, also where the values of another mode pass.
 void ViewManager::sendGlobals()
 {
     globalsWaitForSync = false;

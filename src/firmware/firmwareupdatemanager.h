@@ -30,10 +30,7 @@ public:
 
     bool isUpdating() const { return upgradeFwProcess->state() != QProcess::NotRunning; }
     // A check or an update.
-    bool isBusy() const
-    {
-        return isUpdating() || checkFwProcess->state() != QProcess::NotRunning;
-    }
+    bool isBusy() const { return isUpdating() || checkFwProcess->state() != QProcess::NotRunning; }
     // Blocks until a running update has ended; false when it still runs after timeoutMs.
     bool waitForUpdate(int timeoutMs);
 

@@ -5,9 +5,9 @@
 #include <QStringList>
 #include <QTest>
 
-// A program of ours in a process of its own, driven by its line commands. What it prints is kept and
-// can be waited for. Machines that emulate are slow: the waits are long, and end at once when what
-// they wait for is there.
+// A program of ours in a process of its own, driven by its line commands. What it prints is kept
+// and can be waited for. Machines that emulate are slow: the waits are long, and end at once when
+// what they wait for is there.
 class LineProcess
 {
 public:
