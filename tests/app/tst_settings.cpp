@@ -1,73 +1,46 @@
-#include "fakeports.h"
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
-#include "sysexmanager.h"
-#include "testcase.h"
-#include "viewmanager.h"
+#include "windowtest.h"
 
 #include <QAbstractSlider>
-#include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
 
-#include <map>
-
-class TestSettings : public TestCase
+class TestSettings : public WindowTest
 {
     Q_OBJECT
 
-    const QStringList all{"J-Sum Audio Control", "J-Sum Control Surface", "loopMIDI Port",
-                          "loopMIDI Port 1"};
-    std::unique_ptr<QTemporaryDir> folder;
-    QString startFolder = QDir::currentPath();
-    FakePorts* ports = nullptr;
-    std::unique_ptr<ViewManager> window;
+    const QStringList all = mixerPorts + QStringList{"loopMIDI Port", "loopMIDI Port 1"};
 
     void prepare() override
     {
-        folder = std::make_unique<QTemporaryDir>();
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder->path());
-        QDir::setCurrent(folder->path());
+        WindowTest::prepare();
         QDir().mkpath("resources/presets");
-        for (const QString name : {"tables", "presets/Blank.jsumglobalmap", "presets/jsum.json"})
-            QFile::link(JSUM_SOURCE_DIR "/resources/" + name, "resources/" + name);
-        QFile::copy(JSUM_SOURCE_DIR "/resources/presets/global.json",
-                    "resources/presets/global.json");
-        auto fake = std::make_unique<FakePorts>();
-        ports = fake.get();
-        window = std::make_unique<ViewManager>(std::move(fake));
-        window->show();
+        const QString shipped = JSUM_SOURCE_DIR "/resources/";
+        QFile::link(shipped + "tables", "resources/tables");
+        for (const QString name : {"Blank.jsumglobalmap", "jsum.json", "global.json"})
+            QFile::copy(shipped + "presets/" + name, "resources/presets/" + name);
+        open();
     }
-
-    void hear(const char* hex)
+    void enter(const QStringList& names)
     {
-        const QByteArray bytes = QByteArray::fromHex("f000015f23" + QByteArray(hex) + "f7");
-        window->sysex()->slotReceiveMidiInput("J-Sum Audio Control",
-                                              MidiMessage(bytes.constData(), int(bytes.size())));
-    }
-    void plug() { plug(all); }
-    void plug(const QStringList& names)
-    {
-        ports->plug(names);
-        window->sysex()->midi()->slot_PollDevices();
+        plug(names);
         window->sysex()->slotDidAttemptFwUpdate();
         hear("00000000010a03");
     }
+    void enter() { enter(all); }
     // Up to the end of the sync.
     void start()
     {
-        plug();
+        enter();
         hear("0a0c0101");
         sent();
     }
@@ -90,13 +63,6 @@ class TestSettings : public TestCase
     {
         return window->findChild<QWidget*>(QString("channelstrip_ch%1").arg(channel))
             ->findChild<QToolButton*>("phantom");
-    }
-    QAction* action(const QString& text) const
-    {
-        for (QAction* candidate : window->findChildren<QAction*>())
-            if (candidate->text() == text)
-                return candidate;
-        return nullptr;
     }
     QString boxText() const
     {
@@ -121,12 +87,6 @@ class TestSettings : public TestCase
     }
 
 private slots:
-    void cleanup()
-    {
-        window.reset();
-        QDir::setCurrent(startFolder);
-    }
-
     // What is moved, what goes out, and what is stored; the same heard back is shown and not sent.
     void eachControlBothWays_data()
     {
@@ -156,8 +116,7 @@ private slots:
             {"tone_gen_freq", 16000, "03060000387d00", "tone_gen_freq", "16000 Hz"},
         };
         for (const auto& row : rows)
-            QTest::newRow(row.name)
-                << row.name << row.value << QString(row.message).remove(' ') << row.key << row.text;
+            QTest::newRow(row.name) << row.name << row.value << row.message << row.key << row.text;
     }
     void eachControlBothWays()
     {
@@ -234,7 +193,7 @@ private slots:
 
     void nothingIsSentBeforeTheSync()
     {
-        plug();
+        enter();
         sent();
         QVERIFY(!at<QToolButton>("hardware_limiter")->isEnabled());
         QVERIFY(!at<QPushButton>("globalSendButton")->isEnabled());
@@ -277,7 +236,7 @@ private slots:
         QCOMPARE(at<QToolButton>("hardware_limiter")->text(), "ON");
         QVERIFY(at<QToolButton>("hui")->isChecked() && !at<QToolButton>("hui")->isEnabled());
         QVERIFY(QSettings().value("hui").toBool());
-        plug();
+        enter();
         QCOMPARE(at<QToolButton>("hardware_limiter")->text(), "OFF");
     }
 
@@ -344,8 +303,7 @@ private slots:
         } else if (face == "mode") {
             start();
         } else if (!face.isEmpty()) {
-            ports->plug(all);
-            window->sysex()->midi()->slot_PollDevices();
+            plug(all);
             if (face == "low")
                 window->slotInitLowPowerView();
         }
@@ -399,8 +357,7 @@ private slots:
     void hui()
     {
         start();
-        ports->unplug();
-        window->sysex()->midi()->slot_PollDevices();
+        unplug();
         start();
         auto* hui = at<QToolButton>("hui");
         at<QToolButton>("huiHelp")->click();
@@ -433,7 +390,7 @@ private slots:
         } entries[]{{all, 2, "ON"}, {all, 2, "ON"}, {all.mid(0, 2), 0, "OFF"}, {all, 0, "OFF"}};
         for (const auto& entry : entries) {
             ports->sent.clear();
-            plug(entry.ports);
+            enter(entry.ports);
             const QList<QByteArray> bytes = ports->sentBytes();
             QCOMPARE(bytes.count(QByteArray::fromHex("900e7f"))
                          + bytes.count(QByteArray::fromHex("900f7f")),
@@ -441,8 +398,7 @@ private slots:
             QCOMPARE(hui->text(), entry.text);
             QCOMPARE(hui->isChecked(), hui->text() == "ON");
             QCOMPARE(QSettings().value("hui").toBool(), hui->isChecked());
-            ports->plug(all.mid(2));
-            window->sysex()->midi()->slot_PollDevices();
+            plug(all.mid(2));
             QCOMPARE(ports->openInputs + ports->openOutputs, QStringList());
         }
     }

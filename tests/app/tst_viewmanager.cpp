@@ -1,23 +1,16 @@
-#include "fakeports.h"
 #include "firmwareupdatemanager.h"
 #include "fullpowerview.h"
 #include "globalpresetinterface.h"
 #include "presetinterface.h"
 #include "secondeditor.h"
-#include "sysexmanager.h"
-#include "testcase.h"
-#include "viewmanager.h"
+#include "windowtest.h"
 
-#include <QAction>
-#include <QDir>
 #include <QFile>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSettings>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTextEdit>
 #include <QTimer>
 #include <QToolButton>
@@ -26,55 +19,12 @@
 #include <functional>
 #include <utility>
 
-namespace
-{
-
-const QStringList mixerPorts{QStringLiteral("J-Sum Audio Control"),
-                             QStringLiteral("J-Sum Control Surface")};
-
-} // namespace
-
-class TestViewManager : public TestCase
+class TestViewManager : public WindowTest
 {
     Q_OBJECT
 
-    std::unique_ptr<QTemporaryDir> folder;
-    QString startFolder = QDir::currentPath();
-    FakePorts* ports = nullptr;
-    std::unique_ptr<ViewManager> window;
-
-    void prepare() override
-    {
-        folder = std::make_unique<QTemporaryDir>();
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder->path());
-        QDir::setCurrent(folder->path());
-        QDir().mkdir("resources");
-    }
-
-    void open(JsonFile::Access presetsAccess = JsonFile::Access::Full)
-    {
-        window.reset();
-        auto fake = std::make_unique<FakePorts>();
-        ports = fake.get();
-        window = std::make_unique<ViewManager>(std::move(fake), presetsAccess);
-        window->show();
-    }
-    void plug()
-    {
-        ports->plug(mixerPorts);
-        window->sysex()->midi()->slot_PollDevices();
-    }
-    void unplug()
-    {
-        ports->unplug();
-        window->sysex()->midi()->slot_PollDevices();
-    }
-    void answerQuery()
-    {
-        const QByteArray reply = QByteArray::fromHex("f000015f2300000000010203f7");
-        window->sysex()->slotReceiveMidiInput(mixerPorts.first(),
-                                              MidiMessage(reply.constData(), int(reply.size())));
-    }
+    void plug() { WindowTest::plug(mixerPorts); }
+    void answerQuery() { hear("00000000010203"); }
 
     template <typename Widget> Widget* find(const char* name, QWidget* in = nullptr)
     {
@@ -84,14 +34,6 @@ class TestViewManager : public TestCase
     void press(const char* dialogName, const char* button)
     {
         find<QPushButton>(button, dialog(dialogName))->click();
-    }
-    QAction* action(const char* text)
-    {
-        for (QAction* candidate : window->findChildren<QAction*>()) {
-            if (candidate->text() == QLatin1String(text))
-                return candidate;
-        }
-        return nullptr;
     }
     // The sheet behind the dialogs bears no name: it is known by its style.
     QWidget* sheet()
@@ -120,12 +62,6 @@ public slots:
     }
 
 private slots:
-    void cleanup()
-    {
-        window.reset();
-        QDir::setCurrent(startFolder);
-    }
-
     // The sizes and the way there and back are tested end to end.
     void facesFollowTheMixer()
     {
